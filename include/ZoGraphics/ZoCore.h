@@ -1,0 +1,8 @@
+#pragma once
+
+// The core library: value types, ids, text conversion, numeric helpers,
+// variant sets and tile models.
+#include <ZoGraphics/ZoCoreTypes.h>
+#include <ZoGraphics/ZoCoreUtility.h>
+#include <ZoGraphics/CZoVariantSetObject.h>
+#include <ZoGraphics/ZoTileModel.h>
