@@ -1,0 +1,127 @@
+#pragma once
+
+#include <ZoGraphics/IZoGraphicsModule.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+class IZoMapModule;
+class CZoLock;
+
+// The library's entry point: creates, finds and destroys graphics layers, map
+// objects and edit gadgets against a host map module. It owns every layer and
+// map object it creates; edit gadgets belong to the caller until they are
+// given back through DestroyGraphicsEditObject.
+class ZOGRAPHICS_EXPORT CZoGraphicsModule : public IZoGraphicsModule
+{
+public:
+    CZoGraphicsModule();
+    // A copy shares the original's name, uuid and map module but owns nothing:
+    // its registries start empty and it has no default layer.
+    CZoGraphicsModule(const CZoGraphicsModule& other);
+    CZoGraphicsModule& operator=(const CZoGraphicsModule& other);
+    // Frees the locks and the registries' nodes; call Unintialise first to
+    // destroy the layers and objects.
+    ~CZoGraphicsModule() override;
+
+    // Draws the module id and creates the default layer. Returns true even
+    // when the default layer cannot be made (null map module); creators that
+    // rely on it then fail.
+    bool Initialise(const std::string& name, IZoMapModule* mapModule);
+    // Destroys every layer and object. Afterwards the module is only to be
+    // destroyed: its registries keep stale keys.
+    void Unintialise();
+    void SetUUID(const std::string& uuid);
+
+    int GetModuleID() const { return m_moduleId; }
+    const std::string& GetName() const { return m_name; }
+    const std::string& GetUUID() const { return m_uuid; }
+    IZoMapModule* GetMapModule() const { return m_mapModule; }
+    // Registry sizes. Unintialise leaves the keys of what it destroyed behind
+    // (with null entries), so these count them too.
+    int GetRegisteredLayerCount() const;
+    int GetRegisteredObjectCount() const;
+
+    IZoGraphicsMapLayer* GetDeafultGraphicsLayer() const override;
+    IZoGraphicsMapLayer* CreateGraphicsLayer(const std::string& name) override;
+    IZoGraphicsMapLayer* LookupGraphicsLayer(const std::string& name) const override;
+    void DestroyGraphicsLayer(IZoGraphicsMapLayer* layer) override;
+    IZoGraphicsEditObject* CreateTranslateEditObject(IZoGraphicsMapLayer* layer) override;
+    IZoGraphicsEditObject* CreateRotationEditObject(IZoGraphicsMapLayer* layer) override;
+    IZoGraphicsEditObject* CreateScaleEditObject(IZoGraphicsMapLayer* layer) override;
+    IZoGraphicsEditObject* CreateKeyPointSetEditObject(IZoGraphicsMapLayer* layer) override;
+    void DestroyGraphicsEditObject(IZoGraphicsEditObject* editObject) override;
+    IZoGraphicsMapObject* LookupGraphicObject(const std::string& name) const override;
+    IZoGraphicsMapObject* LookupGraphicObject(int id) const override;
+    void DestroyGraphicsMapObject(IZoGraphicsMapObject* object) override;
+
+    IZoTextMapObject* CreateTextMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoTextMapObject* LookupTextMapObject(const std::string& name) const override;
+    IZoWidgetMapObject* CreateWidgetMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoWidgetMapObject* LookupWidgetMapObject(const std::string& name) const override;
+    IZoBubbleMapObject* CreateBubbleMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoBubbleMapObject* LookupBubbleMapObject(const std::string& name) const override;
+    IZoSVGMapObject* CreateSVGMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoSVGMapObject* LookupSVGMapObject(const std::string& name) const override;
+    IZoDotMapObject* CreateDotMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoDotMapObject* LookupDotMapObject(const std::string& name) const override;
+    IZoCircleMapObject* CreateCircleMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoCircleMapObject* LookupCircleMapObject(const std::string& name) const override;
+    IZoEllipseMapObject* CreateEllipseMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoEllipseMapObject* LookupEllipseMapObject(const std::string& name) const override;
+    IZoRectangleMapObject* CreateRectangleMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoRectangleMapObject* CreateTileMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoRectangleMapObject* LookupRectangleMapObject(const std::string& name) const override;
+    IZoPolygonMapObject* CreatePolygonMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoPolygonMapObject* LookupPolygonMapObject(const std::string& name) const override;
+    IZoMarkPointMapObject* CreateMarkPointMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoMarkPointMapObject* LookupLabelMapObject(const std::string& name) const override;
+    IZoPolylineMapObject* CreatePolylineMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoPolylineMapObject* LookupPolylineMapObject(const std::string& name) const override;
+    IZoBowMapObject* CreatePieMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoBowMapObject* CreateArcMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoBowMapObject* CreateChordMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoBowMapObject* LookupBowMapObject(const std::string& name) const override;
+    IZoMultiDotMapObject* CreateMultiDotMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoMultiDotMapObject* LookupMultiDotMapObject(const std::string& name) const override;
+    IZoMultiPolygonMapObject* CreateMultiPolygonMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoMultiPolygonMapObject* LookupMultiPolygonMapObject(const std::string& name) const override;
+    IZoMultiLineMapObject* CreateMultiLineMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoMultiLineMapObject* LookupMultiLineMapObject(const std::string& name) const override;
+    IZoLayerCanvasMapObject* CreateLayerCanvasMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
+    IZoLayerCanvasMapObject* LookupLayerCanvasMapObject(const std::string& name) const override;
+
+    void StackedTop(IZoGraphicsMapObject* object, const std::vector<int>& ids) override;
+    void StackedUpper(IZoGraphicsMapObject* object, const std::vector<int>& ids) override;
+    void StackedLower(IZoGraphicsMapObject* object, const std::vector<int>& ids) override;
+    void StackedBottom(IZoGraphicsMapObject* object, const std::vector<int>& ids) override;
+
+protected:
+    // Detaches, uninitialises and deletes an object without touching the
+    // registry or its lock.
+    void DestroyGraphicsMapObjectImpl(IZoGraphicsMapObject* object);
+
+private:
+    template <class T, class Setup>
+    T* CreateAndRegister(const std::string& name, IZoGraphicsMapLayer* layer, const char* creator, Setup setup);
+    template <class T>
+    T* CreateAndRegister(const std::string& name, IZoGraphicsMapLayer* layer, const char* creator);
+    template <class Interface>
+    Interface* LookupTyped(const std::string& name) const;
+    // Logs the creator's failure text; for kinds this build does not provide.
+    std::nullptr_t CreateUnavailable(const char* creator) const;
+    // Which of the four stacking walks; see the .cpp.
+    enum class EStacking { Top, Upper, Lower, Bottom };
+    void Stack(EStacking mode, const char* method, IZoGraphicsMapObject* object, const std::vector<int>& ids);
+
+    int m_moduleId = -1;
+    std::string m_name;
+    std::string m_uuid;
+    IZoMapModule* m_mapModule = nullptr;
+    std::unique_ptr<CZoLock> m_objectLock;
+    std::map<int, IZoGraphicsMapObject*> m_objects;
+    std::unique_ptr<CZoLock> m_layerLock;
+    std::map<int, IZoGraphicsMapLayer*> m_layers;
+    IZoGraphicsMapLayer* m_defaultLayer = nullptr;
+};

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "object/CZoLock.h"
+
+#include <ZoGraphics/IZoGraphicsMapLayer.h>
+#include <ZoGraphics/IZoMapEventHandler.h>
+
+#include <functional>
+#include <map>
+
+// A layer of map objects. It refers to its objects without owning them, adds
+// its visibility and LOD ranges on top of theirs, and passes the host map's
+// view changes on to every one of them.
+class CZoGraphicsMapLayer final : public IZoGraphicsMapLayer, public IZoMapEventHandler
+{
+public:
+    CZoGraphicsMapLayer();
+    ~CZoGraphicsMapLayer() override;
+    CZoGraphicsMapLayer(const CZoGraphicsMapLayer&) = delete;
+    CZoGraphicsMapLayer& operator=(const CZoGraphicsMapLayer&) = delete;
+
+    std::string GetUUID() const override { return m_uuid; }
+    void SetUUID(const std::string& uuid) override { m_uuid = uuid; }
+    int GetLayerID() const override { return m_layerId; }
+    std::string GetLayerName() const override { return m_name; }
+    void SetInScene(bool inScene) override;
+    bool IsInScene() const override { return m_inScene; }
+    void SetAutoAdd(bool autoAdd) override { m_autoAdd = autoAdd; }
+    bool IsAutoAdd() const override { return m_autoAdd; }
+    void SetMinLodLevel(int level) override { m_minLod = level; }
+    void SetMaxLodLevel(int level) override { m_maxLod = level; }
+    int GetMinLodLevel() const override { return m_minLod; }
+    int GetMaxLodLevel() const override { return m_maxLod; }
+    void SetVisible(bool visible) override;
+    bool IsVisible() const override { return m_visible; }
+    void SetZValue(int z) override;
+    int GetZValue() const override { return m_zValue; }
+
+    bool Initialise(const std::string& name, IZoMapModule* mapModule, IZoGraphicsModule* graphicsModule) override;
+    void Unintialise() override;
+    void SetNameMinLodLevel(int level) override { m_nameMinLod = level; }
+    void SetNameMaxLodLevel(int level) override { m_nameMaxLod = level; }
+    int GetNameMinLodLevel() const override { return m_nameMinLod; }
+    int GetNameMaxLodLevel() const override { return m_nameMaxLod; }
+    void SetNameVisible(bool visible) override;
+    bool IsNameVisible() const override { return m_nameVisible; }
+    bool AttachMapObject(IZoGraphicsMapObject* object) override;
+    bool ContainsMapObject(IZoGraphicsMapObject* object) override;
+    bool DetachMapObject(IZoGraphicsMapObject* object) override;
+    bool DetachAllMapObjects() override;
+    bool DestroyAllMapObjects() override;
+    int GetMapObjectCount() const override;
+    void EnableShapeCache() override { m_shapeCache = true; }
+    bool IsShapeCacheEnabled() const override { return m_shapeCache; }
+    void SetSecondShapeCache(bool enabled) override { m_secondShapeCache = enabled; }
+    bool IsSecondShapeCache() const override { return m_secondShapeCache; }
+    void SetLevelLimit(int level) override { m_levelLimit = level; }
+    int GetLevelLimit() const override { return m_levelLimit; }
+    bool IsSimplifyEnabled() const override { return false; }
+
+    // Returns the counter and advances it; kept for hosts that number things
+    // per layer.
+    int NextCounter() { return m_counter++; }
+
+    bool OnLodLevelChanged(int lod) override;
+    bool OnViewScaleChanged(double scale) override;
+    bool OnViewChanged() override;
+    bool OnViewMoved() override;
+
+private:
+    // Calls f on every object in ascending id order, under the lock.
+    void ForEachObject(const std::function<void(IZoGraphicsMapObject*)>& f);
+
+    std::string m_uuid;
+    IZoMapModule* m_mapModule = nullptr;
+    IZoGraphicsModule* m_graphicsModule = nullptr;
+    int m_layerId = -1;
+    std::string m_name;
+    bool m_shapeCache = false;
+    bool m_secondShapeCache = false;
+    int m_levelLimit = 17;
+    int m_counter = 101;
+    bool m_visible = true;
+    bool m_nameVisible = false;
+    bool m_inScene = true;
+    bool m_autoAdd = true;
+    int m_zValue = 400;
+    int m_minLod = 0;
+    int m_maxLod = 21;
+    int m_nameMinLod = 0;
+    int m_nameMaxLod = 21;
+    mutable CZoLock m_lock;
+    std::map<int, IZoGraphicsMapObject*> m_objects;
+};

@@ -1,0 +1,486 @@
+#include <ZoGraphics/CZoGraphicsModule.h>
+
+#include "layer/CZoGraphicsMapLayer.h"
+#include "object/CZoLock.h"
+#include "object/ZoLogText.h"
+#include "shapes/dot/CZoDotMapObject.h"
+
+#include <ZoGraphics/ZoGraphics.h>
+#include <ZoGraphics/IZoMapModule.h>
+#include <ZoGraphics/ZoCoreUtility.h>
+
+#include <QGraphicsItem>
+
+const std::string STR_DEAFULT_GRAPHICS_LAYER_NAME = "Zo.DefaultGraphicsLayer";
+
+namespace
+{
+constexpr const char* kClassName = "CZoGraphicsModule";
+
+struct NoSetup
+{
+    template <class T>
+    void operator()(T&) const
+    {
+    }
+};
+} // namespace
+
+CZoGraphicsModule::CZoGraphicsModule() : m_objectLock(std::make_unique<CZoLock>()), m_layerLock(std::make_unique<CZoLock>())
+{
+}
+
+CZoGraphicsModule::CZoGraphicsModule(const CZoGraphicsModule& other)
+    : IZoGraphicsModule(other),
+      m_moduleId(other.m_moduleId),
+      m_name(other.m_name),
+      m_uuid(other.m_uuid),
+      m_mapModule(other.m_mapModule),
+      m_objectLock(std::make_unique<CZoLock>()),
+      m_layerLock(std::make_unique<CZoLock>())
+{
+}
+
+CZoGraphicsModule& CZoGraphicsModule::operator=(const CZoGraphicsModule& other)
+{
+    if (this != &other)
+    {
+        m_moduleId = other.m_moduleId;
+        m_name = other.m_name;
+        m_uuid = other.m_uuid;
+        m_mapModule = other.m_mapModule;
+    }
+    return *this;
+}
+
+CZoGraphicsModule::~CZoGraphicsModule() = default;
+
+bool CZoGraphicsModule::Initialise(const std::string& name, IZoMapModule* mapModule)
+{
+    m_name = name;
+    m_uuid = ZoCreateUUID();
+    m_mapModule = mapModule;
+    m_moduleId = GenerateZoModuleID();
+    m_defaultLayer = CreateGraphicsLayer(STR_DEAFULT_GRAPHICS_LAYER_NAME);
+    return true;
+}
+
+void CZoGraphicsModule::Unintialise()
+{
+    {
+        CZoLockGuard guard(*m_layerLock);
+        for (auto& entry : m_layers)
+        {
+            if (!entry.second)
+                continue;
+            entry.second->DestroyAllMapObjects();
+            delete entry.second;
+            entry.second = nullptr;
+        }
+    }
+    m_defaultLayer = nullptr;
+    {
+        CZoLockGuard guard(*m_objectLock);
+        for (auto& entry : m_objects)
+        {
+            if (!entry.second)
+                continue;
+            entry.second->Unintialise();
+            delete entry.second;
+            entry.second = nullptr;
+        }
+    }
+    if (m_defaultLayer)
+        DestroyGraphicsLayer(m_defaultLayer);
+}
+
+void CZoGraphicsModule::SetUUID(const std::string& uuid)
+{
+    if (&uuid != &m_uuid)
+        m_uuid = uuid;
+}
+
+int CZoGraphicsModule::GetRegisteredLayerCount() const
+{
+    CZoLockGuard guard(*m_layerLock);
+    return static_cast<int>(m_layers.size());
+}
+
+int CZoGraphicsModule::GetRegisteredObjectCount() const
+{
+    CZoLockGuard guard(*m_objectLock);
+    return static_cast<int>(m_objects.size());
+}
+
+IZoGraphicsMapLayer* CZoGraphicsModule::GetDeafultGraphicsLayer() const
+{
+    return m_defaultLayer;
+}
+
+IZoGraphicsMapLayer* CZoGraphicsModule::CreateGraphicsLayer(const std::string& name)
+{
+    auto layer = std::make_unique<CZoGraphicsMapLayer>();
+    if (!layer->Initialise(name, m_mapModule, this))
+    {
+        layer.reset();
+        ZoLogWarnAt(kClassName, "CreateGraphicsLayer") << ZoLogReason::kInitialiseFailed;
+        return nullptr;
+    }
+    CZoLockGuard guard(*m_layerLock);
+    m_layers[layer->GetLayerID()] = layer.get();
+    return layer.release();
+}
+
+IZoGraphicsMapLayer* CZoGraphicsModule::LookupGraphicsLayer(const std::string& name) const
+{
+    CZoLockGuard guard(*m_layerLock);
+    for (const auto& entry : m_layers)
+    {
+        if (entry.second && entry.second->GetLayerName() == name)
+            return entry.second;
+    }
+    return nullptr;
+}
+
+void CZoGraphicsModule::DestroyGraphicsLayer(IZoGraphicsMapLayer* layer)
+{
+    if (!layer)
+        return;
+    if (layer == m_defaultLayer)
+        m_defaultLayer = nullptr;
+    {
+        CZoLockGuard guard(*m_layerLock);
+        m_layers.erase(layer->GetLayerID());
+    }
+    // The layer's objects stay registered; callers destroy them first.
+    layer->Unintialise();
+    delete layer;
+}
+
+IZoGraphicsMapObject* CZoGraphicsModule::LookupGraphicObject(const std::string& name) const
+{
+    return LookupTyped<IZoGraphicsMapObject>(name);
+}
+
+IZoGraphicsMapObject* CZoGraphicsModule::LookupGraphicObject(int id) const
+{
+    CZoLockGuard guard(*m_objectLock);
+    const auto found = m_objects.find(id);
+    return found == m_objects.end() ? nullptr : found->second;
+}
+
+template <class Interface>
+Interface* CZoGraphicsModule::LookupTyped(const std::string& name) const
+{
+    // Ascending ids: among equal names the object created first wins.
+    CZoLockGuard guard(*m_objectLock);
+    for (const auto& entry : m_objects)
+    {
+        auto* typed = dynamic_cast<Interface*>(entry.second);
+        if (typed && entry.second->GetName() == name)
+            return typed;
+    }
+    return nullptr;
+}
+
+void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
+{
+    if (!object)
+        return;
+    CZoLockGuard guard(*m_objectLock);
+    m_objects.erase(object->GetObjectID());
+    DestroyGraphicsMapObjectImpl(object);
+}
+
+void CZoGraphicsModule::DestroyGraphicsMapObjectImpl(IZoGraphicsMapObject* object)
+{
+    if (IZoGraphicsMapLayer* layer = object->GetGraphicsMapLayer())
+        layer->DetachMapObject(object);
+    object->Unintialise();
+    delete object;
+}
+
+template <class T, class Setup>
+T* CZoGraphicsModule::CreateAndRegister(const std::string& name, IZoGraphicsMapLayer* layer, const char* creator,
+                                        Setup setup)
+{
+    IZoGraphicsMapLayer* target = layer ? layer : m_defaultLayer;
+    auto object = std::make_unique<T>();
+    if (!target || !object->Initialise(name, m_mapModule, target))
+    {
+        object.reset();
+        ZoLogWarnAt(kClassName, creator) << ZoLogReason::kInitialiseFailed;
+        return nullptr;
+    }
+    setup(*object);
+    target->AttachMapObject(object.get());
+    CZoLockGuard guard(*m_objectLock);
+    m_objects[object->GetObjectID()] = object.get();
+    return object.release();
+}
+
+template <class T>
+T* CZoGraphicsModule::CreateAndRegister(const std::string& name, IZoGraphicsMapLayer* layer, const char* creator)
+{
+    return CreateAndRegister<T>(name, layer, creator, NoSetup());
+}
+
+std::nullptr_t CZoGraphicsModule::CreateUnavailable(const char* creator) const
+{
+    ZoLogWarnAt(kClassName, creator) << ZoLogReason::kInitialiseFailed;
+    return nullptr;
+}
+
+// --- edit gadgets --------------------------------------------------------------
+
+IZoGraphicsEditObject* CZoGraphicsModule::CreateTranslateEditObject(IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateTranslateEditObject");
+}
+
+IZoGraphicsEditObject* CZoGraphicsModule::CreateRotationEditObject(IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateRotationEditObject");
+}
+
+IZoGraphicsEditObject* CZoGraphicsModule::CreateScaleEditObject(IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateScaleEditObject");
+}
+
+IZoGraphicsEditObject* CZoGraphicsModule::CreateKeyPointSetEditObject(IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateKeyPointSetEditObject");
+}
+
+void CZoGraphicsModule::DestroyGraphicsEditObject(IZoGraphicsEditObject* editObject)
+{
+    if (!editObject)
+        return;
+    editObject->Unintialise();
+    delete editObject;
+}
+
+// --- creators and typed lookups ------------------------------------------------
+
+IZoTextMapObject* CZoGraphicsModule::CreateTextMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateTextMapObject");
+}
+IZoTextMapObject* CZoGraphicsModule::LookupTextMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoTextMapObject>(name);
+}
+IZoWidgetMapObject* CZoGraphicsModule::CreateWidgetMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateWidgetMapObject");
+}
+IZoWidgetMapObject* CZoGraphicsModule::LookupWidgetMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoWidgetMapObject>(name);
+}
+IZoBubbleMapObject* CZoGraphicsModule::CreateBubbleMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateBubbleMapObject");
+}
+IZoBubbleMapObject* CZoGraphicsModule::LookupBubbleMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoBubbleMapObject>(name);
+}
+IZoSVGMapObject* CZoGraphicsModule::CreateSVGMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateSVGMapObject");
+}
+IZoSVGMapObject* CZoGraphicsModule::LookupSVGMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoSVGMapObject>(name);
+}
+IZoDotMapObject* CZoGraphicsModule::CreateDotMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
+{
+    return CreateAndRegister<CZoDotMapObject>(name, layer, "CreateDotMapObject");
+}
+IZoDotMapObject* CZoGraphicsModule::LookupDotMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoDotMapObject>(name);
+}
+IZoCircleMapObject* CZoGraphicsModule::CreateCircleMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateCircleMapObject");
+}
+IZoCircleMapObject* CZoGraphicsModule::LookupCircleMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoCircleMapObject>(name);
+}
+IZoEllipseMapObject* CZoGraphicsModule::CreateEllipseMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateEllipseMapObject");
+}
+IZoEllipseMapObject* CZoGraphicsModule::LookupEllipseMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoEllipseMapObject>(name);
+}
+IZoRectangleMapObject* CZoGraphicsModule::CreateRectangleMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateRectangleMapObject");
+}
+IZoRectangleMapObject* CZoGraphicsModule::CreateTileMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateTileMapObject");
+}
+IZoRectangleMapObject* CZoGraphicsModule::LookupRectangleMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoRectangleMapObject>(name);
+}
+IZoPolygonMapObject* CZoGraphicsModule::CreatePolygonMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreatePolygonMapObject");
+}
+IZoPolygonMapObject* CZoGraphicsModule::LookupPolygonMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoPolygonMapObject>(name);
+}
+IZoMarkPointMapObject* CZoGraphicsModule::CreateMarkPointMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateMarkPointMapObject");
+}
+IZoMarkPointMapObject* CZoGraphicsModule::LookupLabelMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoMarkPointMapObject>(name);
+}
+IZoPolylineMapObject* CZoGraphicsModule::CreatePolylineMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreatePolylineMapObject");
+}
+IZoPolylineMapObject* CZoGraphicsModule::LookupPolylineMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoPolylineMapObject>(name);
+}
+IZoBowMapObject* CZoGraphicsModule::CreatePieMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreatePieMapObject");
+}
+IZoBowMapObject* CZoGraphicsModule::CreateArcMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateArcMapObject");
+}
+IZoBowMapObject* CZoGraphicsModule::CreateChordMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateChordMapObject");
+}
+IZoBowMapObject* CZoGraphicsModule::LookupBowMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoBowMapObject>(name);
+}
+IZoMultiDotMapObject* CZoGraphicsModule::CreateMultiDotMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateMultiDotMapObject");
+}
+IZoMultiDotMapObject* CZoGraphicsModule::LookupMultiDotMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoMultiDotMapObject>(name);
+}
+IZoMultiPolygonMapObject* CZoGraphicsModule::CreateMultiPolygonMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateMultiPolygonMapObject");
+}
+IZoMultiPolygonMapObject* CZoGraphicsModule::LookupMultiPolygonMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoMultiPolygonMapObject>(name);
+}
+IZoMultiLineMapObject* CZoGraphicsModule::CreateMultiLineMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateMultiLineMapObject");
+}
+IZoMultiLineMapObject* CZoGraphicsModule::LookupMultiLineMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoMultiLineMapObject>(name);
+}
+IZoLayerCanvasMapObject* CZoGraphicsModule::CreateLayerCanvasMapObject(const std::string&, IZoGraphicsMapLayer*)
+{
+    return CreateUnavailable("CreateLayerCanvasMapObject");
+}
+IZoLayerCanvasMapObject* CZoGraphicsModule::LookupLayerCanvasMapObject(const std::string& name) const
+{
+    return LookupTyped<IZoLayerCanvasMapObject>(name);
+}
+
+// --- stacking ------------------------------------------------------------------
+
+void CZoGraphicsModule::StackedTop(IZoGraphicsMapObject* object, const std::vector<int>& ids)
+{
+    Stack(EStacking::Top, "StackedTop", object, ids);
+}
+
+void CZoGraphicsModule::StackedUpper(IZoGraphicsMapObject* object, const std::vector<int>& ids)
+{
+    Stack(EStacking::Upper, "StackedUpper", object, ids);
+}
+
+void CZoGraphicsModule::StackedLower(IZoGraphicsMapObject* object, const std::vector<int>& ids)
+{
+    Stack(EStacking::Lower, "StackedLower", object, ids);
+}
+
+void CZoGraphicsModule::StackedBottom(IZoGraphicsMapObject* object, const std::vector<int>& ids)
+{
+    Stack(EStacking::Bottom, "StackedBottom", object, ids);
+}
+
+// All items involved take the layer's z value and are then ordered among
+// equal z values; the objects' stored z values stay as they were, so a later
+// Dirty puts them back.
+void CZoGraphicsModule::Stack(EStacking mode, const char* method, IZoGraphicsMapObject* object,
+                              const std::vector<int>& ids)
+{
+    if (!object || ids.empty())
+    {
+        ZoLogWarnAt(kClassName, method) << "传入参数为空";
+        return;
+    }
+    QGraphicsItem* item = object->GetQtItem();
+    if (!item)
+    {
+        ZoLogWarnAt(kClassName, method) << "图元Qt-Item为空";
+        return;
+    }
+    IZoGraphicsMapLayer* layer = object->GetGraphicsMapLayer();
+    if (!layer)
+    {
+        ZoLogWarnAt(kClassName, method) << "图层为空";
+        return;
+    }
+    const int z = layer->GetZValue();
+    item->setZValue(z);
+
+    for (int id : ids)
+    {
+        if (id == object->GetObjectID())
+            continue;
+        IZoGraphicsMapObject* other = LookupGraphicObject(id);
+        QGraphicsItem* otherItem = other ? other->GetQtItem() : nullptr;
+        if (!otherItem)
+            continue;
+        switch (mode)
+        {
+        case EStacking::Top:
+        case EStacking::Upper:
+            otherItem->setZValue(z);
+            otherItem->stackBefore(item);
+            if (mode == EStacking::Upper)
+                return;
+            break;
+        case EStacking::Lower:
+            if (other->GetZValue() > z)
+                break;
+            otherItem->setZValue(z);
+            item->stackBefore(otherItem);
+            return;
+        case EStacking::Bottom:
+            if (other->GetZValue() < z)
+                break;
+            otherItem->setZValue(z);
+            item->stackBefore(otherItem);
+            break;
+        }
+    }
+}

@@ -1,0 +1,427 @@
+#include "object/CZoMapObjectCore.h"
+
+#include "object/ZoLogText.h"
+
+#include <ZoGraphics/IZoGraphicsMapLayer.h>
+#include <ZoGraphics/IZoGraphicsMapObject.h>
+#include <ZoGraphics/IZoMapModule.h>
+#include <ZoGraphics/SrsToolkit.h>
+#include <ZoGraphics/ZoCoreUtility.h>
+#include <ZoGraphics/ZoGraphicsConstant.h>
+#include <ZoGraphics/ZoTileModel.h>
+
+#include <QGraphicsItem>
+#include <QGraphicsScene>
+#include <QPainter>
+#include <cmath>
+
+namespace
+{
+constexpr int kAllMouseButtons = 0x7FFFFFF;
+
+// k = 1 / view scale; a scale that is not a positive number leaves k alone.
+bool PixelScaleFromViewScale(double viewScale, double* k)
+{
+    if (!(viewScale > 0.0) || !std::isfinite(viewScale))
+        return false;
+    *k = 1.0 / viewScale;
+    return true;
+}
+} // namespace
+
+CZoMapObjectCore::CZoMapObjectCore(IZoGraphicsMapObject& self, IKind& kind, const SZoObjectLogNames& names)
+    : m_self(self), m_kind(kind), m_names(names)
+{
+}
+
+CZoMapObjectCore::~CZoMapObjectCore()
+{
+    // The scene never owns an item: take it out before it is deleted.
+    if (m_item)
+    {
+        QGraphicsItem* item = m_item->GraphicsItem();
+        if (QGraphicsScene* scene = item->scene())
+            scene->removeItem(item);
+    }
+}
+
+bool CZoMapObjectCore::Initialise(const std::string& name, IZoMapModule* mapModule, IZoMapLayer* layer)
+{
+    if (!mapModule)
+    {
+        ZoLogWarnAt(m_names.InitialiseClass(), "Initialise") << ZoLogReason::kMapModuleNull;
+        return false;
+    }
+    // Without a layer there is no z value or scene policy to start from.
+    if (!layer)
+        return false;
+
+    m_objectId = GenerateZoObjectID();
+    m_mapModule = mapModule;
+    m_graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
+    m_self.SetMapLayer(layer);
+
+    if (m_item)
+    {
+        RemoveFromScene();
+        m_item.reset();
+    }
+    m_zValue = layer->GetZValue();
+    PixelScaleFromViewScale(mapModule->GetViewScale(), &m_pixelScale);
+    m_label.SetText(ConvertStdStringToQString(name, ZoGraphicsConstantNS::STR_CODE_PAGE));
+
+    if (layer->IsAutoAdd())
+    {
+        EnsureItem();
+        QGraphicsItem* item = m_item->GraphicsItem();
+        item->setVisible(m_visible);
+        item->setEnabled(m_interactive);
+        item->setZValue(m_zValue);
+        m_self.AddToScene();
+    }
+    m_self.UpdateVisibility(mapModule->GetCurrentLodLevel());
+    m_self.SetResolution(mapModule->GetViewScale());
+    return true;
+}
+
+void CZoMapObjectCore::Unintialise()
+{
+    m_self.RemoveFromScene();
+    m_item.reset();
+    m_mapLayer = nullptr;
+    m_mapModule = nullptr;
+    m_graphicsLayer = nullptr;
+}
+
+std::string CZoMapObjectCore::GetName() const
+{
+    return ConvertQStringToStdString(m_label.text, ZoGraphicsConstantNS::STR_CODE_PAGE);
+}
+
+void CZoMapObjectCore::SetMinLodLevel(int level)
+{
+    m_minLod = level;
+    if (m_mapModule)
+        m_self.UpdateVisibility(CurrentLod());
+    else
+        ZoLogWarnAt(m_names.className, "SetMinLodLevel") << ZoLogReason::kMapModuleNotSet;
+}
+
+void CZoMapObjectCore::SetMaxLodLevel(int level)
+{
+    m_maxLod = level;
+    if (m_mapModule)
+        m_self.UpdateVisibility(CurrentLod());
+    else
+        ZoLogWarnAt(m_names.className, m_names.setMaxLodMethod) << ZoLogReason::kMapModuleNotSet;
+}
+
+void CZoMapObjectCore::SetName(const std::string& name)
+{
+    m_label.SetText(ConvertStdStringToQString(name, ZoGraphicsConstantNS::STR_CODE_PAGE));
+    if (!m_item)
+        return;
+    PrepareGeometryChange();
+    RelayoutNameAndRepaint(false);
+}
+
+void CZoMapObjectCore::SetNameVisible(bool visible)
+{
+    m_label.visible = visible;
+    if (!m_item)
+        return;
+    PrepareGeometryChange();
+    RelayoutNameAndRepaint(false);
+}
+
+bool CZoMapObjectCore::IsNameVisible() const
+{
+    if (!m_mapModule)
+    {
+        ZoLogWarnAt(m_names.className, "IsNameVisible") << ZoLogReason::kMapModuleNotSet;
+        return false;
+    }
+    const int lod = CurrentLod();
+    if (lod < m_label.minLod || lod > m_label.maxLod)
+        return false;
+    if (m_graphicsLayer &&
+        (lod < m_graphicsLayer->GetNameMinLodLevel() || lod > m_graphicsLayer->GetNameMaxLodLevel()))
+        return false;
+    return m_label.visible;
+}
+
+void CZoMapObjectCore::SetNameFont(const QFont& font)
+{
+    m_label.SetFont(font);
+    if (m_item)
+        RelayoutNameAndRepaint(false);
+}
+
+void CZoMapObjectCore::SetNameOffset(float offset)
+{
+    m_label.SetOffset(offset);
+    if (m_item)
+        RelayoutNameAndRepaint(false);
+}
+
+void CZoMapObjectCore::SetNameColor(const QColor& color)
+{
+    m_label.textColor = color;
+    Update();
+}
+
+void CZoMapObjectCore::SetNameOutlineColor(const QColor& color)
+{
+    m_label.outlineColor = color;
+    Update();
+}
+
+void CZoMapObjectCore::SetNameOutlineWidth(double width)
+{
+    m_label.outlineWidth = width;
+    Update();
+}
+
+void CZoMapObjectCore::SetZValue(int z)
+{
+    m_zValue = z;
+    if (m_item)
+        m_item->GraphicsItem()->setZValue(z);
+}
+
+void CZoMapObjectCore::SetInteractive(bool interactive)
+{
+    m_interactive = interactive;
+    ApplyInteractive();
+}
+
+void CZoMapObjectCore::ApplyInteractive()
+{
+    if (!m_item)
+        return;
+    QGraphicsItem* item = m_item->GraphicsItem();
+    item->setEnabled(m_interactive);
+    item->setAcceptHoverEvents(m_interactive);
+    item->setAcceptedMouseButtons(m_interactive ? Qt::MouseButtons(kAllMouseButtons) : Qt::NoButton);
+}
+
+void CZoMapObjectCore::SetVisible(bool visible)
+{
+    m_visible = visible;
+    if (m_mapModule)
+        m_self.UpdateVisibility(CurrentLod());
+}
+
+bool CZoMapObjectCore::IsVisible() const
+{
+    if (!m_mapModule || !m_graphicsLayer)
+    {
+        ZoLogWarnAt(m_names.className, "IsVisible") << ZoLogReason::kModuleNotSet;
+        return false;
+    }
+    // Unlike UpdateVisibility, the layer's own switch is not consulted here.
+    const int lod = CurrentLod();
+    if (lod < m_minLod || lod > m_maxLod)
+        return false;
+    if (lod < m_graphicsLayer->GetMinLodLevel() || lod > m_graphicsLayer->GetMaxLodLevel())
+        return false;
+    return m_visible;
+}
+
+CAABB CZoMapObjectCore::AnchorBoundingBox() const
+{
+    const CVector3D anchor = m_kind.GetAnchor();
+    CAABB box;
+    box.Extend(CVector3D(anchor.x, anchor.y, -1.0));
+    box.Extend(CVector3D(anchor.x, anchor.y, 1.0));
+    return box;
+}
+
+void CZoMapObjectCore::UpdateVisibility(int lod)
+{
+    m_shown = false;
+    if (m_visible)
+    {
+        const bool inRange = m_minLod <= lod && lod <= m_maxLod;
+        bool layerInRange = true;
+        bool layerVisible = true;
+        if (m_graphicsLayer)
+        {
+            layerInRange = m_graphicsLayer->GetMinLodLevel() <= lod && lod <= m_graphicsLayer->GetMaxLodLevel();
+            layerVisible = m_graphicsLayer->IsVisible();
+        }
+        m_shown = inRange && layerInRange && layerVisible;
+    }
+    if (m_item)
+    {
+        m_item->GraphicsItem()->setVisible(m_shown);
+        m_item->Repaint();
+    }
+}
+
+void CZoMapObjectCore::SetResolution(double scale)
+{
+    PixelScaleFromViewScale(scale, &m_pixelScale);
+    if (!m_item)
+        return;
+    PrepareGeometryChange();
+    RebuildAndRepaint(true);
+}
+
+void CZoMapObjectCore::UpdatePosition()
+{
+    if (m_item)
+        m_item->GraphicsItem()->setPos(m_kind.AnchorToPixel());
+}
+
+void CZoMapObjectCore::PaintOnCanvas(QPainter* painter, CTileModel* converter, int level, CSpatialReference* target)
+{
+    if (!painter || !converter)
+    {
+        ZoLogWarnAt(m_names.className, "PaintOnCanvas") << ZoLogReason::kArgumentNull;
+        return;
+    }
+    CVector3D anchor = m_kind.GetAnchor();
+    if (target)
+    {
+        CSpatialReference* wgs84 = CSpatialReferenceFactorySingleton::Instance()->GetOrCreateSRSViaEPSG(4326);
+        anchor = RxGDALUtilityNS::TransformGeoSRS_Point(anchor, wgs84, target);
+    }
+    int px = 0;
+    int py = 0;
+    if (!converter->ConvertGeoToPixel(&px, &py, level, anchor.x, anchor.y))
+        return;
+
+    painter->save();
+    painter->translate(px, py);
+    if (m_item)
+    {
+        m_item->PaintOnCanvas(painter, level);
+    }
+    else
+    {
+        const std::unique_ptr<IZoGraphicsItemImpl> temporary = m_kind.CreateItem();
+        temporary->PaintOnCanvas(painter, level);
+    }
+    painter->restore();
+}
+
+QGraphicsItem* CZoMapObjectCore::GetQtItem() const
+{
+    return m_item ? m_item->GraphicsItem() : nullptr;
+}
+
+void CZoMapObjectCore::AddToScene()
+{
+    if (m_inScene)
+        return;
+    QGraphicsScene* scene = m_mapModule ? m_mapModule->GetScene() : nullptr;
+    if (!scene)
+        return;
+    m_inScene = true;
+    EnsureItem();
+    QGraphicsItem* item = m_item->GraphicsItem();
+    scene->addItem(item);
+    m_item->NotifyGeometryChange();
+    // Taking an item out of the scene switches it off; bring back what the
+    // object says.
+    item->setVisible(m_shown);
+    ApplyInteractive();
+}
+
+void CZoMapObjectCore::RemoveFromScene()
+{
+    if (m_item && m_inScene)
+    {
+        QGraphicsItem* item = m_item->GraphicsItem();
+        m_item->NotifyGeometryChange();
+        item->setVisible(false);
+        item->setEnabled(false);
+        item->setAcceptHoverEvents(false);
+        item->setAcceptedMouseButtons(Qt::NoButton);
+        if (QGraphicsScene* scene = item->scene())
+            scene->removeItem(item);
+    }
+    m_inScene = false;
+}
+
+void CZoMapObjectCore::Rebuild(double scale)
+{
+    EnsureItem();
+    PixelScaleFromViewScale(scale, &m_pixelScale);
+    m_item->RebuildShape(true);
+}
+
+void CZoMapObjectCore::Dirty()
+{
+    if (!m_item)
+    {
+        ZoLogWarnAt(m_names.className, "Dirty") << ZoLogReason::kItemMissing;
+        return;
+    }
+    QGraphicsItem* item = m_item->GraphicsItem();
+    item->setZValue(m_zValue);
+    ApplyInteractive();
+    item->setVisible(m_shown);
+    item->setPos(m_kind.AnchorToPixel());
+    m_self.UpdateVisibility(CurrentLod());
+}
+
+void CZoMapObjectCore::Update()
+{
+    if (m_item)
+        m_item->Repaint();
+}
+
+bool CZoMapObjectCore::IsSuppressed() const
+{
+    return m_graphicsLayer && m_graphicsLayer->IsShapeCacheEnabled() && !m_alwaysRebuild &&
+           m_rebuildThreshold > -1.0 && m_rebuildThreshold < 12.0;
+}
+
+int CZoMapObjectCore::CurrentLod() const
+{
+    return m_mapModule ? m_mapModule->GetCurrentLodLevel() : 0;
+}
+
+QPointF CZoMapObjectCore::ConvertGeoToScenePixel(const CVector3D& point, const char* method) const
+{
+    if (!m_mapModule)
+        return QPointF(0.0, 0.0);
+    int px = 0;
+    int py = 0;
+    if (!m_mapModule->ConvertSceneToPixel(&px, &py, point.x, point.y))
+    {
+        ZoLogWarnAt(m_names.className, method) << ZoLogReason::kConvertFailed;
+        return QPointF(0.0, 0.0);
+    }
+    return QPointF(px, py);
+}
+
+void CZoMapObjectCore::PrepareGeometryChange()
+{
+    if (m_item && m_inScene)
+        m_item->NotifyGeometryChange();
+}
+
+void CZoMapObjectCore::RebuildAndRepaint(bool forced)
+{
+    if (!m_item)
+        return;
+    m_item->RebuildShape(forced);
+    m_item->Repaint();
+}
+
+void CZoMapObjectCore::RelayoutNameAndRepaint(bool forced)
+{
+    if (!m_item)
+        return;
+    m_item->RebuildName(forced);
+    m_item->Repaint();
+}
+
+void CZoMapObjectCore::EnsureItem()
+{
+    if (!m_item)
+        m_item = m_kind.CreateItem();
+}

@@ -1,0 +1,159 @@
+#pragma once
+
+#include "object/CZoNameLabel.h"
+#include "object/IZoGraphicsItemImpl.h"
+
+#include <ZoGraphics/CZoVariantSetObject.h>
+#include <ZoGraphics/ZoCoreTypes.h>
+
+#include <QPointF>
+#include <memory>
+#include <string>
+
+class QPainter;
+class QGraphicsItem;
+class CTileModel;
+class CSpatialReference;
+class IZoMapModule;
+class IZoMapLayer;
+class IZoGraphicsMapLayer;
+class IZoGraphicsMapObject;
+
+// Class names that a kind's log texts carry. Most texts name the class itself;
+// a few deliberately name another class or method and are kept that way.
+struct SZoObjectLogNames
+{
+    const char* className;
+    const char* initialiseClass = nullptr; // class named by Initialise's text; null: className
+    const char* setMaxLodMethod = "SetMaxLodLevel"; // method named by SetMaxLodLevel's text
+    const char* anchorConvertMethod = "ConvertSceneToPixel"; // method named when the anchor fails to convert
+
+    const char* InitialiseClass() const { return initialiseClass ? initialiseClass : className; }
+};
+
+// The state and behaviour every graphic map object shares: identity, layer,
+// level of detail and visibility, name label, Qt item ownership and the
+// refresh protocol. Kinds reach their own code through IKind.
+class CZoMapObjectCore
+{
+public:
+    class IKind
+    {
+    public:
+        virtual std::unique_ptr<IZoGraphicsItemImpl> CreateItem() = 0;
+        // Geographic anchor: what the item position and canvas painting follow.
+        virtual CVector3D GetAnchor() const = 0;
+        // Scene position of the anchor.
+        virtual QPointF AnchorToPixel() = 0;
+
+    protected:
+        ~IKind() = default;
+    };
+
+    CZoMapObjectCore(IZoGraphicsMapObject& self, IKind& kind, const SZoObjectLogNames& names);
+    ~CZoMapObjectCore();
+    CZoMapObjectCore(const CZoMapObjectCore&) = delete;
+    CZoMapObjectCore& operator=(const CZoMapObjectCore&) = delete;
+
+    const SZoObjectLogNames& LogNames() const { return m_names; }
+
+    bool Initialise(const std::string& name, IZoMapModule* mapModule, IZoMapLayer* layer);
+    void Unintialise();
+
+    int GetObjectID() const { return m_objectId; }
+    std::string GetName() const;
+    void SetMinLodLevel(int level);
+    int GetMinLodLevel() const { return m_minLod; }
+    void SetMaxLodLevel(int level);
+    int GetMaxLodLevel() const { return m_maxLod; }
+    void SetMapLayer(IZoMapLayer* layer) { m_mapLayer = layer; }
+    IZoMapLayer* GetMapLayer() const { return m_mapLayer; }
+    IZoMapModule* GetMapModule() const { return m_mapModule; }
+    IZoGraphicsMapLayer* GetGraphicsMapLayer() const { return m_graphicsLayer; }
+
+    void SetName(const std::string& name);
+    CZoVariantSetObject& Properties() { return m_properties; }
+    const CZoVariantSetObject& Properties() const { return m_properties; }
+
+    void SetNameVisible(bool visible);
+    bool IsNameVisible() const;
+    void SetNameFont(const QFont& font);
+    void SetNameColor(const QColor& color);
+    void SetNameOutlineColor(const QColor& color);
+    void SetNameOutlineWidth(double width);
+    void SetNameOffset(float offset);
+    void SetNameMinLodLevel(int level) { m_label.minLod = level; }
+    void SetNameMaxLodLevel(int level) { m_label.maxLod = level; }
+    CZoNameLabel& Label() { return m_label; }
+    const CZoNameLabel& Label() const { return m_label; }
+
+    void SetZValue(int z);
+    int GetZValue() const { return m_zValue; }
+    void SetInteractive(bool interactive);
+    bool IsInteractive() const { return m_interactive; }
+    void SetVisible(bool visible);
+    bool IsVisible() const;
+    bool IsShown() const { return m_shown; }
+    void SetAlwaysRebuild(bool always) { m_alwaysRebuild = always; }
+    bool IsAlwaysRebuild() const { return m_alwaysRebuild; }
+    void SetRebuildThreshold(double threshold) { m_rebuildThreshold = threshold; }
+    double GetRebuildThreshold() const { return m_rebuildThreshold; }
+
+    // Degenerate box at the anchor: (x, y, -1) to (x, y, 1).
+    CAABB AnchorBoundingBox() const;
+
+    void UpdateVisibility(int lod);
+    void SetResolution(double scale);
+    void UpdatePosition();
+    void PaintOnCanvas(QPainter* painter, CTileModel* converter, int level, CSpatialReference* target);
+
+    QGraphicsItem* GetQtItem() const;
+    IZoGraphicsItemImpl* ItemImpl() const { return m_item.get(); }
+    bool IsInScene() const { return m_inScene; }
+    void AddToScene();
+    void RemoveFromScene();
+    void Rebuild(double scale);
+    void Dirty();
+    void Update();
+
+    // k: scene units per pixel, 1 / the host's view scale.
+    double PixelScale() const { return m_pixelScale; }
+    // The shape cache holds: unforced rebuilds and paints are skipped.
+    bool IsSuppressed() const;
+    // The host's current level of detail, 0 without a map module.
+    int CurrentLod() const;
+    // Geographic point to scene pixels through the map module; a failure logs
+    // "[Class::<method>] ConvertSceneToPixel失败" and gives (0, 0).
+    QPointF ConvertGeoToScenePixel(const CVector3D& point, const char* method) const;
+    // prepareGeometryChange on the item while the object is in the scene.
+    void PrepareGeometryChange();
+    // Asks the item for a shape rebuild and a repaint.
+    void RebuildAndRepaint(bool forced);
+    void RelayoutNameAndRepaint(bool forced);
+    void EnsureItem();
+
+private:
+    void ApplyInteractive();
+
+    IZoGraphicsMapObject& m_self;
+    IKind& m_kind;
+    const SZoObjectLogNames& m_names;
+
+    int m_objectId = -1;
+    IZoMapLayer* m_mapLayer = nullptr;
+    IZoMapModule* m_mapModule = nullptr;
+    IZoGraphicsMapLayer* m_graphicsLayer = nullptr;
+    int m_minLod = 0;
+    int m_maxLod = 21;
+    int m_zValue = 0;
+    double m_pixelScale = 0.0;
+    double m_rebuildThreshold = -1.0;
+    bool m_interactive = false;
+    bool m_visible = true;
+    bool m_shown = true;
+    bool m_alwaysRebuild = false;
+    CZoVariantSetObject m_properties;
+    bool m_inScene = false;
+    std::unique_ptr<IZoGraphicsItemImpl> m_item;
+    CZoNameLabel m_label;
+};

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "layer/ZoSceneEvents.h"
+#include "object/IZoGraphicsItemImpl.h"
+
+#include <ZoGraphics/ZoGraphicsConstant.h>
+
+#include <QGraphicsSceneHoverEvent>
+#include <QGraphicsSceneMouseEvent>
+
+// Item data keys by which scene-side code finds the object of an item.
+constexpr int kZoItemDataIsMapObject = 100;
+constexpr int kZoItemDataObjectId = 101;
+
+// The Qt item side shared by every kind: the back pointer to the owning
+// object, the item data tags, and the hover and mouse reporting. Kinds add
+// only their geometry and painting.
+template <class QtBase, class Owner>
+class TZoGraphicsItem : public QtBase, public IZoGraphicsItemImpl
+{
+public:
+    explicit TZoGraphicsItem(Owner* owner) : QtBase(nullptr), m_owner(owner)
+    {
+        if (m_owner)
+        {
+            this->setData(kZoItemDataIsMapObject, QVariant(true));
+            this->setData(kZoItemDataObjectId, QVariant(m_owner->GetObjectID()));
+        }
+    }
+    TZoGraphicsItem(const TZoGraphicsItem&) = delete;
+    TZoGraphicsItem& operator=(const TZoGraphicsItem&) = delete;
+
+    QGraphicsItem* GraphicsItem() override { return this; }
+    void NotifyGeometryChange() override { this->prepareGeometryChange(); }
+    void Repaint() override { this->update(); }
+    Owner* GetOwner() const { return m_owner; }
+
+protected:
+    void hoverEnterEvent(QGraphicsSceneHoverEvent*) override { Record(ZoGraphicsConstantNS::STR_SCENE_HOVER_ENTER); }
+    void hoverMoveEvent(QGraphicsSceneHoverEvent*) override { Record(ZoGraphicsConstantNS::STR_SCENE_HOVER_MOVE); }
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent*) override { Record(ZoGraphicsConstantNS::STR_SCENE_HOVER_LEAVE); }
+
+    // Mouse events are reported and then ignored, so that they travel on to
+    // the items below and to the view.
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override
+    {
+        RecordAndIgnore(ZoGraphicsConstantNS::STR_SCENE_MOUSE_PRESS, event);
+    }
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override
+    {
+        RecordAndIgnore(ZoGraphicsConstantNS::STR_SCENE_MOUSE_RELEASE, event);
+    }
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event) override
+    {
+        RecordAndIgnore(ZoGraphicsConstantNS::STR_SCENE_MOUSE_DOUBLE_CLICKED, event);
+    }
+
+    void Record(const std::string& eventName) { RecordSceneEvent(eventName, m_owner); }
+    void RecordAndIgnore(const std::string& eventName, QEvent* event)
+    {
+        Record(eventName);
+        event->ignore();
+    }
+
+    Owner* m_owner;
+};

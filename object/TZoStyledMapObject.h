@@ -1,0 +1,127 @@
+#pragma once
+
+#include "object/TZoMapObjectBase.h"
+#include "object/ZoStyleRecords.h"
+
+// How a surface kind's item answers two of the style setters. Kinds differ
+// here on purpose; each states its answer as data:
+//   static constexpr SZoSurfaceRefresh kSurfaceRefresh{...};
+struct SZoSurfaceRefresh
+{
+    bool alignmentRelaysLabel;  // SetLabelAlignment relays the label at once
+    bool penWidthRebuildsShape; // SetPenWidth rebuilds the shape (the outline grows with the pen)
+};
+
+// The 17 surface-style operations over a SurfaceStyle record.
+template <class Interface, class Derived, class Item>
+class TZoSurfaceStyleObject : public TZoMapObjectBase<Interface, Derived, Item>
+{
+public:
+    void SetLabelPosition(unsigned int position) override
+    {
+        m_style.labelPosition = position;
+        this->Core().RelayoutNameAndRepaint(true);
+    }
+    unsigned int GetLabelPosition() const override { return m_style.labelPosition; }
+    void SetLabelAlignment(unsigned int alignment) override
+    {
+        m_style.labelAlignment = alignment;
+        if (Derived::kSurfaceRefresh.alignmentRelaysLabel)
+            this->Core().RelayoutNameAndRepaint(true);
+    }
+    unsigned int GetLabelAlignment() const override { return m_style.labelAlignment; }
+    void SetPenColor(const QColor& color) override
+    {
+        m_style.penColor = color;
+        this->Core().Update();
+    }
+    QColor GetPenColor() const override { return m_style.penColor; }
+    void SetPenWidth(float width) override
+    {
+        m_style.penWidth = width;
+        if (Derived::kSurfaceRefresh.penWidthRebuildsShape)
+            this->Core().RebuildAndRepaint(true);
+        else
+            this->Core().Update();
+    }
+    float GetPenWidth() const override { return m_style.penWidth; }
+    void SetPenStyle(unsigned int style) override
+    {
+        m_style.penStyle = style;
+        this->Core().Update();
+    }
+    unsigned int GetPenStyle() const override { return m_style.penStyle; }
+    void SetBrushColor(const QColor& color) override
+    {
+        m_style.brushColor = color;
+        this->Core().Update();
+    }
+    QColor GetBrushColor() const override { return m_style.brushColor; }
+    void SetBrushTextureFile(unsigned int brushStyle, const std::string& path) override
+    {
+        m_style.LoadBrushTextureFile(brushStyle, path);
+        this->Core().Update();
+    }
+    void SetBrushTexture(unsigned int brushStyle, const QPixmap& texture) override
+    {
+        m_style.brushStyle = brushStyle;
+        m_style.brushTexture = texture;
+        this->Core().Update();
+    }
+    unsigned int GetBrushStyle() const override { return m_style.brushStyle; }
+    QPixmap GetBrushTexture() const override { return m_style.brushTexture; }
+    std::string GetBrushTextureFile() const override { return m_style.brushTextureFile; }
+
+    const SurfaceStyle& Style() const { return m_style; }
+
+protected:
+    SurfaceStyle m_style;
+};
+
+// The 12 line-style operations over a LineStyle record.
+template <class Interface, class Derived, class Item>
+class TZoLineStyleObject : public TZoMapObjectBase<Interface, Derived, Item>
+{
+public:
+    void SetLabelPosition(unsigned int position) override
+    {
+        m_style.labelPosition = position;
+        this->Core().RelayoutNameAndRepaint(true);
+    }
+    unsigned int GetLabelPosition() const override { return m_style.labelPosition; }
+    void SetPenColor(const QColor& color) override
+    {
+        m_style.penColor = color;
+        this->Core().Update();
+    }
+    QColor GetPenColor() const override { return m_style.penColor; }
+    void SetPenWidth(float width) override
+    {
+        m_style.penWidth = width;
+        this->Core().RebuildAndRepaint(true);
+    }
+    float GetPenWidth() const override { return m_style.penWidth; }
+    void SetPenStyle(unsigned int style) override
+    {
+        m_style.penStyle = style;
+        this->Core().Update();
+    }
+    unsigned int GetPenStyle() const override { return m_style.penStyle; }
+    void SetArrowVisible(bool visible) override
+    {
+        m_style.arrowVisible = visible;
+        this->Core().Update();
+    }
+    bool IsArrowVisible() const override { return m_style.arrowVisible; }
+    void SetArrowAtEnd(bool atEnd) override
+    {
+        m_style.arrowAtEnd = atEnd;
+        this->Core().Update();
+    }
+    bool IsArrowAtEnd() const override { return m_style.arrowAtEnd; }
+
+    const LineStyle& Style() const { return m_style; }
+
+protected:
+    LineStyle m_style;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "object/TZoGraphicsItem.h"
+
+#include <QGraphicsEllipseItem>
+#include <QPainterPath>
+
+class CZoDotMapObject;
+class CZoNameLabel;
+
+class CDotItemQtImpl final : public TZoGraphicsItem<QGraphicsEllipseItem, CZoDotMapObject>
+{
+public:
+    explicit CDotItemQtImpl(CZoDotMapObject* owner);
+
+    QRectF boundingRect() const override;
+    QPainterPath shape() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+    void RebuildShape(bool forced) override;
+    void RebuildName(bool forced) override;
+    void PaintOnCanvas(QPainter* painter, int level) override;
+
+private:
+    // Draws the dot centred on the painter's origin with pixel scale s.
+    void PaintDot(QPainter* painter, const CZoNameLabel& label, double s, int lod) const;
+    // Places a label beside a dot of radius r pixels, if it shows at lod.
+    void PlaceLabel(CZoNameLabel& label, int lod) const;
+    // The circle the shape covers: radius plus pen width, times s.
+    QRectF ShapeRect(double s) const;
+
+    QPainterPath m_shape;
+};
