@@ -44,6 +44,11 @@ public:
 
     // Null for a code PROJ does not know.
     CSpatialReference* GetOrCreateSRSViaEPSG(int code);
+    // Transforms a point from one code's system to another's (x = longitude,
+    // y = latitude for geographic systems, z carried). The operation is built
+    // once per pair of codes. False when a code is unknown, PROJ has no
+    // operation, or the result is not finite; the result is then untouched.
+    bool TransformPoint(const CVector3D& point, int fromEpsg, int toEpsg, CVector3D* result);
 
 private:
     struct Impl;

@@ -1,0 +1,94 @@
+#include <ZoGraphics/ZoCoreUtility.h>
+
+#include <QTextCodec>
+#include <QUuid>
+
+#include <algorithm>
+#include <atomic>
+#include <cfloat>
+#include <cmath>
+
+namespace
+{
+// Constant-initialised, so usable from other translation units' static
+// initialisers.
+std::atomic<int> g_moduleId{0};
+std::atomic<int> g_objectId{0};
+
+QTextCodec* CodecFor(const char* codePage)
+{
+    QTextCodec* codec = codePage ? QTextCodec::codecForName(codePage) : nullptr;
+    return codec ? codec : QTextCodec::codecForName("UTF-8");
+}
+
+// Equal when |a - b| <= tolerance * max(1, |a|, |b|): relative for large
+// magnitudes, absolute below 1. NaN compares unequal; equal infinities match.
+template <typename T>
+bool IsNearlyEqual(T a, T b, T tolerance)
+{
+    if (a == b)
+        return true;
+    if (!std::isfinite(a) || !std::isfinite(b))
+        return false;
+    const T scale = std::max({T(1), std::fabs(a), std::fabs(b)});
+    return std::fabs(a - b) <= tolerance * scale;
+}
+}
+
+int GenerateZoModuleID()
+{
+    return g_moduleId.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
+int GenerateZoObjectID()
+{
+    return g_objectId.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
+std::string ZoCreateUUID()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces).toStdString();
+}
+
+QString ConvertStdStringToQString(const std::string& text, const char* codePage)
+{
+    return CodecFor(codePage)->toUnicode(text.data(), static_cast<int>(text.size()));
+}
+
+std::string ConvertQStringToStdString(const QString& text, const char* codePage)
+{
+    const QByteArray bytes = CodecFor(codePage)->fromUnicode(text);
+    return std::string(bytes.constData(), static_cast<size_t>(bytes.size()));
+}
+
+QString ConvertCharArrayToQString(const char* text, const char* codePage)
+{
+    if (!text)
+        return QString();
+    return CodecFor(codePage)->toUnicode(text);
+}
+
+bool IsEqual(float a, float b)
+{
+    return IsNearlyEqual(a, b, FLT_EPSILON);
+}
+
+bool IsEqual(double a, double b)
+{
+    // Well above DBL_EPSILON so that values that went through a few
+    // arithmetic steps (degrees, pixels) still compare equal.
+    return IsNearlyEqual(a, b, 1e-12);
+}
+
+double NormalizeDegree(double degrees)
+{
+    if (!std::isfinite(degrees))
+        return degrees;
+    double result = std::fmod(degrees, 360.0);
+    if (result < 0.0)
+        result += 360.0;
+    // A tiny negative remainder rounds up to exactly 360; -0 becomes +0.
+    if (result >= 360.0 || result == 0.0)
+        result = 0.0;
+    return result;
+}

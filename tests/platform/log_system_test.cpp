@@ -1,0 +1,199 @@
+#include <ZoGraphics/ZoLogSystem.h>
+
+#include "support/LogCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <QtGlobal>
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace
+{
+struct QtMessage
+{
+    QtMsgType type;
+    std::string category;
+    QString text;
+};
+
+std::vector<QtMessage> g_qtMessages;
+
+void RecordQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    g_qtMessages.push_back({type, context.category ? context.category : "", text});
+}
+
+// Routes Qt's message output into g_qtMessages for the lifetime of the object.
+class QtMessageCapture
+{
+public:
+    QtMessageCapture() : m_previous(qInstallMessageHandler(RecordQtMessage)) { g_qtMessages.clear(); }
+    ~QtMessageCapture() { qInstallMessageHandler(m_previous); }
+    QtMessageCapture(const QtMessageCapture&) = delete;
+    QtMessageCapture& operator=(const QtMessageCapture&) = delete;
+
+private:
+    QtMessageHandler m_previous;
+};
+}
+
+TEST(LogSystem, MessageIsExactlyWhatWasStreamed)
+{
+    LogCapture capture;
+    ZoLogWarn() << "[CZoDotMapObject::Dirty] Qt-Item不存在";
+    ZoLogWarn() << "索引越界: " << 42 << ' ' << -7L << ' ' << 4000000000u << ' ' << 18446744073709551615ull << ' '
+                << -9000000000LL << ' ' << 3000000000UL;
+    ZoLogWarn() << QStringLiteral("中文") << std::string("+std") << static_cast<const char*>(nullptr) << "|";
+    ZoLogWarn() << 1.5 << ' ' << 0.1 + 0.2 << ' ' << 1.0e20 << ' ' << 1.0 / 3.0;
+    ZoLogWarn();
+
+    const std::vector<std::string> expected = {
+        "[CZoDotMapObject::Dirty] Qt-Item不存在",
+        "索引越界: 42 -7 4000000000 18446744073709551615 -9000000000 3000000000",
+        "中文+std|",
+        "1.5 0.3 1e+20 0.333333",
+        "",
+    };
+    EXPECT_EQ(capture.Messages(), expected);
+}
+
+TEST(LogSystem, EachFunctionHasItsLevel)
+{
+    LogCapture capture;
+    ZoLogDebug() << "d";
+    ZoLogInfo() << "i";
+    ZoLogWarn() << "w";
+    ZoLogError() << "e";
+    const std::vector<EZoLogLevel> expected = {ZO_LOG_DEBUG, ZO_LOG_INFO, ZO_LOG_WARN, ZO_LOG_ERROR};
+    EXPECT_EQ(capture.Levels(), expected);
+}
+
+TEST(LogSystem, MovedFromObjectStaysSilent)
+{
+    LogCapture capture;
+    {
+        CZoLogObject original(ZO_LOG_INFO);
+        original << "moved ";
+        {
+            CZoLogObject taken(std::move(original));
+            taken << "once";
+        }
+        EXPECT_EQ(capture.Messages(), std::vector<std::string>{"moved once"});
+    }
+    EXPECT_EQ(capture.Messages(), std::vector<std::string>{"moved once"});
+}
+
+TEST(LogSystem, SetSinkReturnsThePreviousOneAndEmptyRestoresDefault)
+{
+    int firstCalls = 0;
+    int secondCalls = 0;
+    const ZoLogSink before = ZoSetLogSink([&](EZoLogLevel, const std::string&) { ++firstCalls; });
+    ZoLogSink previous = ZoSetLogSink([&](EZoLogLevel, const std::string&) { ++secondCalls; });
+    ASSERT_TRUE(previous);
+    previous(ZO_LOG_INFO, "direct");
+    EXPECT_EQ(firstCalls, 1);
+    ZoLogInfo() << "to second";
+    EXPECT_EQ(secondCalls, 1);
+
+    EXPECT_TRUE(ZoSetLogSink(ZoLogSink()));
+    // With the default active, installing a sink hands back an empty one.
+    EXPECT_FALSE(ZoSetLogSink(before));
+}
+
+TEST(LogSystem, DefaultSinkWritesToTheQtCategory)
+{
+    const ZoLogSink before = ZoSetLogSink(ZoLogSink());
+    {
+        QtMessageCapture qt;
+        ZoLogWarn() << "[A::B] 失败";
+        ZoLogError() << "e";
+        ZoLogInfo() << "i";
+        ASSERT_EQ(g_qtMessages.size(), 3u);
+        EXPECT_EQ(g_qtMessages[0].type, QtWarningMsg);
+        EXPECT_EQ(g_qtMessages[0].category, "zo.graphics");
+        EXPECT_EQ(g_qtMessages[0].text, QStringLiteral("[A::B] 失败"));
+        EXPECT_EQ(g_qtMessages[1].type, QtCriticalMsg);
+        EXPECT_EQ(g_qtMessages[2].type, QtInfoMsg);
+    }
+    ZoSetLogSink(before);
+}
+
+TEST(LogSystem, SinkMayLogAndSwapSinksWithoutDeadlock)
+{
+    LogCapture outer;
+    std::vector<std::string> seen;
+    ZoLogSink recorder = [&](EZoLogLevel, const std::string& message) { seen.push_back("recorder:" + message); };
+    ZoLogSink previous = ZoSetLogSink([&](EZoLogLevel, const std::string& message) {
+        seen.push_back(message);
+        if (message == "outer")
+            ZoLogInfo() << "inner";
+        if (message == "swap")
+            ZoSetLogSink(recorder);
+    });
+    ZoLogInfo() << "outer";
+    ZoLogInfo() << "swap";
+    ZoLogInfo() << "after";
+    ZoSetLogSink(previous);
+
+    const std::vector<std::string> expected = {"outer", "inner", "swap", "recorder:after"};
+    EXPECT_EQ(seen, expected);
+    EXPECT_TRUE(outer.Messages().empty());
+}
+
+TEST(LogSystem, ConcurrentLoggingDeliversEveryMessageOnce)
+{
+    constexpr int kThreads = 4;
+    constexpr int kPerThread = 2000;
+    LogCapture first;
+    std::vector<std::string> secondMessages;
+    std::mutex secondMutex;
+    const ZoLogSink second = [&](EZoLogLevel, const std::string& message) {
+        std::lock_guard<std::mutex> lock(secondMutex);
+        secondMessages.push_back(message);
+    };
+    // The capture's own sink, to swap back and forth with.
+    const ZoLogSink firstSink = ZoSetLogSink(ZoLogSink());
+    ZoSetLogSink(firstSink);
+
+    // One more thread keeps swapping the sink while the others log.
+    std::atomic<bool> done{false};
+    std::thread swapper([&] {
+        bool toSecond = true;
+        while (!done.load())
+        {
+            ZoSetLogSink(toSecond ? second : firstSink);
+            toSecond = !toSecond;
+            std::this_thread::yield();
+        }
+    });
+    std::vector<std::thread> threads;
+    for (int t = 0; t < kThreads; ++t)
+    {
+        threads.emplace_back([t] {
+            for (int i = 0; i < kPerThread; ++i)
+                ZoLogInfo() << "t" << t << "-" << i;
+        });
+    }
+    for (auto& thread : threads)
+        thread.join();
+    done = true;
+    swapper.join();
+    ZoSetLogSink(firstSink);
+
+    std::vector<std::string> all = first.Messages();
+    all.insert(all.end(), secondMessages.begin(), secondMessages.end());
+    std::vector<std::string> expected;
+    for (int t = 0; t < kThreads; ++t)
+        for (int i = 0; i < kPerThread; ++i)
+            expected.push_back("t" + std::to_string(t) + "-" + std::to_string(i));
+    std::sort(all.begin(), all.end());
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(all, expected);
+}

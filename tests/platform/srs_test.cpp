@@ -1,0 +1,134 @@
+#include <ZoGraphics/SrsToolkit.h>
+
+#include "support/LogCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <thread>
+#include <vector>
+
+namespace
+{
+const char* const kTransformFailure = "[RxGDALUtilityNS::TransformGeoSRS_Point] 坐标转换失败";
+
+CSpatialReference* Srs(int code)
+{
+    return CSpatialReferenceFactorySingleton::Instance()->GetOrCreateSRSViaEPSG(code);
+}
+
+// Spherical Mercator on the WGS 84 semi-major axis, as EPSG:3857 defines it.
+CVector3D PseudoMercator(double lon, double lat)
+{
+    constexpr double kRadius = 6378137.0;
+    constexpr double kPi = 3.14159265358979323846;
+    return {kRadius * lon * kPi / 180.0, kRadius * std::log(std::tan(kPi / 4.0 + lat * kPi / 360.0)), 0.0};
+}
+}
+
+TEST(SrsFactory, CreatesOncePerCode)
+{
+    CSpatialReference* wgs84 = Srs(4326);
+    ASSERT_NE(wgs84, nullptr);
+    EXPECT_EQ(Srs(4326), wgs84);
+    EXPECT_EQ(wgs84->GetEPSG(), 4326);
+    EXPECT_EQ(wgs84->GetName(), "WGS 84");
+    EXPECT_TRUE(wgs84->IsGeographic());
+    EXPECT_NE(wgs84->GetHandle(), nullptr);
+
+    CSpatialReference* mercator = Srs(3857);
+    ASSERT_NE(mercator, nullptr);
+    EXPECT_EQ(mercator->GetName(), "WGS 84 / Pseudo-Mercator");
+    EXPECT_FALSE(mercator->IsGeographic());
+}
+
+TEST(SrsFactory, UnknownCodeGivesNull)
+{
+    LogCapture capture;
+    EXPECT_EQ(Srs(999999), nullptr);
+    EXPECT_EQ(Srs(-1), nullptr);
+    EXPECT_EQ(Srs(999999), nullptr);
+    const std::string prefix = "[CSpatialReferenceFactory::GetOrCreateSRSViaEPSG] 未知的EPSG代码: ";
+    const std::vector<std::string> expected = {prefix + "999999", prefix + "-1", prefix + "999999"};
+    EXPECT_EQ(capture.Messages(), expected);
+}
+
+TEST(SrsTransform, GeographicToPseudoMercator)
+{
+    const CVector3D expected = PseudoMercator(116.4074, 39.9042);
+    const CVector3D result = RxGDALUtilityNS::TransformGeoSRS_Point({116.4074, 39.9042, 55.0}, Srs(4326), Srs(3857));
+    EXPECT_NEAR(result.x, expected.x, 0.01);
+    EXPECT_NEAR(result.y, expected.y, 0.01);
+    EXPECT_NEAR(result.x, 12958412.4926, 0.01);
+    EXPECT_NEAR(result.y, 4852030.6348, 0.01);
+    EXPECT_EQ(result.z, 55.0);
+
+    // Back again, longitude first.
+    const CVector3D back = RxGDALUtilityNS::TransformGeoSRS_Point(result, Srs(3857), Srs(4326));
+    EXPECT_NEAR(back.x, 116.4074, 1e-9);
+    EXPECT_NEAR(back.y, 39.9042, 1e-9);
+    EXPECT_EQ(back.z, 55.0);
+}
+
+TEST(SrsTransform, SameSystemIsIdentity)
+{
+    LogCapture capture;
+    const CVector3D point(116.4074, 39.9042, 3.0);
+    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(point, Srs(4326), Srs(4326)), point);
+    EXPECT_TRUE(capture.Messages().empty());
+}
+
+TEST(SrsTransform, FailuresReturnTheInputAndWarn)
+{
+    LogCapture capture;
+    const CVector3D point(116.4074, 39.9042, 3.0);
+    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(point, nullptr, Srs(3857)), point);
+    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(point, Srs(4326), nullptr), point);
+    const CVector3D beyondPole(10.0, 95.0, 0.0);
+    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(beyondPole, Srs(4326), Srs(3857)), beyondPole);
+    const CVector3D nan(std::numeric_limits<double>::quiet_NaN(), 10.0, 0.0);
+    const CVector3D nanResult = RxGDALUtilityNS::TransformGeoSRS_Point(nan, Srs(4326), Srs(3857));
+    EXPECT_TRUE(std::isnan(nanResult.x));
+    EXPECT_EQ(nanResult.y, 10.0);
+    EXPECT_EQ(capture.Messages(), std::vector<std::string>(4, kTransformFailure));
+}
+
+TEST(SrsTransform, ReferencesFromAnotherFactoryWork)
+{
+    LogCapture capture;
+    CVector3D result;
+    {
+        CSpatialReferenceFactory own;
+        CSpatialReference* from = own.GetOrCreateSRSViaEPSG(4326);
+        CSpatialReference* to = own.GetOrCreateSRSViaEPSG(3857);
+        ASSERT_NE(from, nullptr);
+        ASSERT_NE(from, Srs(4326));
+        result = RxGDALUtilityNS::TransformGeoSRS_Point({0.0, 0.0, 0.0}, from, to);
+        EXPECT_FALSE(own.TransformPoint({0.0, 0.0, 0.0}, 4326, 999999, &result));
+    }
+    EXPECT_NEAR(result.x, 0.0, 1e-6);
+    EXPECT_NEAR(result.y, 0.0, 1e-6);
+}
+
+TEST(SrsTransform, ConcurrentTransformsAgree)
+{
+    const CVector3D expected = PseudoMercator(-73.9857, 40.7484);
+    std::vector<std::thread> threads;
+    std::vector<int> mismatches(4, 0);
+    for (int t = 0; t < 4; ++t)
+    {
+        threads.emplace_back([&, t] {
+            for (int i = 0; i < 500; ++i)
+            {
+                const CVector3D r =
+                    RxGDALUtilityNS::TransformGeoSRS_Point({-73.9857, 40.7484, 0.0}, Srs(4326), Srs(3857));
+                if (std::abs(r.x - expected.x) > 0.01 || std::abs(r.y - expected.y) > 0.01)
+                    ++mismatches[t];
+            }
+        });
+    }
+    for (auto& thread : threads)
+        thread.join();
+    EXPECT_EQ(mismatches, std::vector<int>(4, 0));
+}
