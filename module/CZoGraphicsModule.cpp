@@ -74,6 +74,7 @@ void CZoGraphicsModule::Unintialise()
             if (!entry.second)
                 continue;
             entry.second->DestroyAllMapObjects();
+            ForgetLayer(entry.second);
             delete entry.second;
             entry.second = nullptr;
         }
@@ -152,8 +153,10 @@ void CZoGraphicsModule::DestroyGraphicsLayer(IZoGraphicsMapLayer* layer)
         CZoLockGuard guard(*m_layerLock);
         m_layers.erase(layer->GetLayerID());
     }
-    // The layer's objects stay registered; callers destroy them first.
+    // The layer's objects stay registered (callers destroy them first), but
+    // without a layer.
     layer->Unintialise();
+    ForgetLayer(layer);
     delete layer;
 }
 
@@ -190,6 +193,16 @@ void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
     CZoLockGuard guard(*m_objectLock);
     m_objects.erase(object->GetObjectID());
     DestroyGraphicsMapObjectImpl(object);
+}
+
+void CZoGraphicsModule::ForgetLayer(const IZoGraphicsMapLayer* layer)
+{
+    CZoLockGuard guard(*m_objectLock);
+    for (const auto& entry : m_objects)
+    {
+        if (entry.second && entry.second->GetGraphicsMapLayer() == layer)
+            entry.second->SetMapLayer(nullptr);
+    }
 }
 
 void CZoGraphicsModule::DestroyGraphicsMapObjectImpl(IZoGraphicsMapObject* object)

@@ -58,7 +58,6 @@ bool CZoMapObjectCore::Initialise(const std::string& name, IZoMapModule* mapModu
 
     m_objectId = GenerateZoObjectID();
     m_mapModule = mapModule;
-    m_graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
     m_self.SetMapLayer(layer);
 
     if (m_item)
@@ -91,6 +90,12 @@ void CZoMapObjectCore::Unintialise()
     m_mapLayer = nullptr;
     m_mapModule = nullptr;
     m_graphicsLayer = nullptr;
+}
+
+void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
+{
+    m_mapLayer = layer;
+    m_graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
 }
 
 std::string CZoMapObjectCore::GetName() const

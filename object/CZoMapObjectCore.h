@@ -66,7 +66,9 @@ public:
     int GetMinLodLevel() const { return m_minLod; }
     void SetMaxLodLevel(int level);
     int GetMaxLodLevel() const { return m_maxLod; }
-    void SetMapLayer(IZoMapLayer* layer) { m_mapLayer = layer; }
+    // The graphics layer follows the map layer, so that an object whose layer
+    // goes away stops consulting it.
+    void SetMapLayer(IZoMapLayer* layer);
     IZoMapLayer* GetMapLayer() const { return m_mapLayer; }
     IZoMapModule* GetMapModule() const { return m_mapModule; }
     IZoGraphicsMapLayer* GetGraphicsMapLayer() const { return m_graphicsLayer; }

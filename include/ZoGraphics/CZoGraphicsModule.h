@@ -113,6 +113,9 @@ private:
     std::nullptr_t CreateUnavailable(const char* creator) const;
     // Which of the four stacking walks; see the .cpp.
     enum class EStacking { Top, Upper, Lower, Bottom };
+    // Objects left on a layer that is being deleted lose their layer, so
+    // that nothing calls into it later.
+    void ForgetLayer(const IZoGraphicsMapLayer* layer);
     void Stack(EStacking mode, const char* method, IZoGraphicsMapObject* object, const std::vector<int>& ids);
 
     int m_moduleId = -1;

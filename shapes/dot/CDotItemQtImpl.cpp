@@ -33,21 +33,19 @@ void CDotItemQtImpl::RebuildShape(bool forced)
     if (!forced && core.IsSuppressed())
         return;
     // A dot of radius 0 lays nothing out, its name included.
-    const bool empty = IsEqual(m_owner->GetRadius(), 0.0);
     QPainterPath path;
-    if (!empty)
+    if (!IsEqual(m_owner->GetRadius(), 0.0))
         path.addEllipse(ShapeRect(core.PixelScale()));
     if (path.controlPointRect() != m_shape.controlPointRect())
         prepareGeometryChange();
     m_shape = path;
-    if (!empty)
-        RebuildName(forced);
+    RebuildName(forced);
 }
 
 void CDotItemQtImpl::RebuildName(bool forced)
 {
     CZoMapObjectCore& core = m_owner->Core();
-    if (!forced && core.IsSuppressed())
+    if ((!forced && core.IsSuppressed()) || IsEqual(m_owner->GetRadius(), 0.0))
         return;
     PlaceLabel(core.Label(), core.CurrentLod());
 }

@@ -29,5 +29,5 @@ void CZoDotMapObject::SetRotation(double degrees)
 
 QPointF CZoDotMapObject::ConvertAnchorToPixel()
 {
-    return Core().ConvertGeoToScenePixel(m_position, "ConvertSceneToPixel");
+    return Core().ConvertGeoToScenePixel(m_position, kLogNames.anchorConvertMethod);
 }

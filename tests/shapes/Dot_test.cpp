@@ -1,0 +1,215 @@
+#include "support/ImageCompare.h"
+#include "support/ModuleFixture.h"
+
+#include "shapes/dot/CZoDotMapObject.h"
+
+#include <QGraphicsItem>
+#include <QPainter>
+
+using Messages = std::vector<std::string>;
+
+class Dot : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("dots");
+        dot = module.CreateDotMapObject("dot", layer);
+        ASSERT_NE(dot, nullptr);
+        log.Clear();
+    }
+    QPainterPath Shape() const { return dot->GetQtItem()->shape(); }
+    const CZoNameLabel& Label() const { return static_cast<CZoDotMapObject*>(dot)->Core().Label(); }
+
+    IZoGraphicsMapLayer* layer = nullptr;
+    IZoDotMapObject* dot = nullptr;
+};
+
+TEST_F(Dot, ShapeRadiusIsRadiusPlusPenWidthTimesPixelScale)
+{
+    EXPECT_EQ(dot->GetRadius(), 6.0);
+    EXPECT_EQ(dot->GetPenWidth(), 1.0f);
+    EXPECT_EQ(Shape().boundingRect(), QRectF(-7, -7, 14, 14));
+
+    map.ChangeViewScale(2.0);
+    EXPECT_EQ(Shape().boundingRect(), QRectF(-3.5, -3.5, 7, 7));
+    dot->SetPenWidth(3.0f); // the dot's outline grows its shape at once
+    EXPECT_EQ(Shape().boundingRect(), QRectF(-4.5, -4.5, 9, 9));
+    dot->SetRadius(1.0);
+    EXPECT_EQ(dot->GetQtItem()->boundingRect(), QRectF(-2, -2, 4, 4));
+}
+
+TEST_F(Dot, RadiusZeroLaysOutNothingNotEvenTheName)
+{
+    dot->SetRadius(0.0);
+    dot->SetNameVisible(true);
+    dot->SetLabelPosition(3);
+    EXPECT_TRUE(Shape().isEmpty());
+    EXPECT_EQ(Label().originX, 0.0);
+    EXPECT_EQ(Label().originY, 0.0);
+    dot->SetRadius(5.0);
+    EXPECT_GT(Label().originX, 0.0);
+}
+
+TEST_F(Dot, PositionMovesTheItemAndTheBoxIsDegenerate)
+{
+    dot->SetPosition(CVector3D(12.5, -3.0, 7.0));
+    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(125.0, 30.0));
+    const CAABB box = dot->GetBoundingBox();
+    EXPECT_EQ(box.min.x, 12.5);
+    EXPECT_EQ(box.max.x, 12.5);
+    EXPECT_EQ(box.min.y, -3.0);
+    EXPECT_EQ(box.min.z, -1.0);
+    EXPECT_EQ(box.max.z, 1.0);
+}
+
+TEST_F(Dot, RotationIsTheOffsetsZ)
+{
+    dot->SetOffset(CVector3D(1.0, 2.0, 5.0));
+    EXPECT_EQ(dot->GetRotation(), 5.0);
+    dot->SetRotation(30.0);
+    EXPECT_EQ(dot->GetOffset().z, 30.0);
+    EXPECT_EQ(dot->GetOffset().x, 1.0);
+}
+
+TEST_F(Dot, LabelPlacementsFollowTheLabelPositionAndIgnoreAlignment)
+{
+    dot->SetNameVisible(true);
+    dot->SetLabelPosition(3);
+    const double rightX = Label().originX;
+    EXPECT_EQ(rightX, 6.0);
+    dot->SetLabelPosition(2);
+    EXPECT_LT(Label().originX, -6.0);
+    dot->SetLabelPosition(0);
+    EXPECT_EQ(Label().originY, -6.0);
+    dot->SetLabelPosition(1);
+    EXPECT_GT(Label().originY, 6.0);
+    // The alignment is stored but does not move the label.
+    const double y = Label().originY;
+    dot->SetLabelAlignment(2);
+    EXPECT_EQ(dot->GetLabelAlignment(), 2u);
+    EXPECT_EQ(Label().originY, y);
+}
+
+TEST_F(Dot, CentreLabelsClipOnlyWithTheLayersSecondCacheSwitch)
+{
+    dot->SetName("a name much wider than the dot");
+    dot->SetNameVisible(true);
+    dot->SetLabelPosition(4);
+    EXPECT_FALSE(Label().clipToRect);
+    EXPECT_EQ(Label().clipRect, QRectF(-6, -6, 12, 12));
+    layer->SetSecondShapeCache(true);
+    dot->SetLabelPosition(4);
+    EXPECT_TRUE(Label().clipToRect);
+    // The clip tests the origin, which lies left of the dot.
+    EXPECT_FALSE(Label().clipRect.contains(QPointF(Label().originX, Label().originY)));
+}
+
+TEST_F(Dot, TheShapeCacheSkipsUnforcedRebuildsOnly)
+{
+    layer->EnableShapeCache();
+    dot->SetRebuildThreshold(5.0);
+    EXPECT_TRUE(dot->GetQtItem()->boundingRect().isNull());
+    dot->SetRadius(10.0); // unforced: cached path kept
+    dot->SetRebuildThreshold(-1.0);
+    EXPECT_EQ(Shape().boundingRect(), QRectF(-7, -7, 14, 14));
+    dot->SetRebuildThreshold(11.9);
+    dot->SetAlwaysRebuild(true);
+    dot->SetRadius(10.0);
+    EXPECT_EQ(Shape().boundingRect(), QRectF(-11, -11, 22, 22));
+}
+
+// --- painting ------------------------------------------------------------------
+
+namespace
+{
+// Renders a dot's item at the centre of a canvas at pixel scale 1.
+QImage RenderItem(QGraphicsItem* item, int width = 120, int height = 60)
+{
+    QImage image = BlankCanvas(width, height);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(width / 2, height / 2);
+    item->paint(&painter, nullptr, nullptr);
+    painter.end();
+    return image;
+}
+} // namespace
+
+class DotPaint : public Dot
+{
+protected:
+    void SetUp() override
+    {
+        Dot::SetUp();
+        dot->SetName("Dot");
+        dot->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        dot->SetNameVisible(true);
+        dot->SetRadius(8.0);
+        dot->SetPenWidth(2.0f);
+        dot->SetPenColor(QColor(20, 40, 160));
+        dot->SetBrushColor(QColor(250, 200, 40));
+    }
+};
+
+TEST_F(DotPaint, LabelPlacementsMatchTheirReferences)
+{
+    for (unsigned int position = 0; position <= 4; ++position)
+    {
+        dot->SetLabelPosition(position);
+        const QString name = QStringLiteral("dot_label_%1").arg(position);
+        EXPECT_EQ(CompareWithReference(RenderItem(dot->GetQtItem()), name, 16, 12), QString()) << position;
+    }
+}
+
+TEST_F(DotPaint, RotatedTextureIsDrawnIntoTheShapeRectangle)
+{
+    QImage texture(16, 16, QImage::Format_ARGB32);
+    texture.fill(Qt::darkGreen);
+    QPainter texturePainter(&texture);
+    texturePainter.fillRect(0, 0, 16, 6, Qt::red);
+    texturePainter.end();
+    dot->SetBrushTexture(Qt::TexturePattern, QPixmap::fromImage(texture));
+    dot->SetNameVisible(false);
+    dot->SetRotation(45.0);
+    EXPECT_EQ(CompareWithReference(RenderItem(dot->GetQtItem(), 60, 60), QStringLiteral("dot_texture_rotated"), 16, 6),
+              QString());
+}
+
+TEST_F(DotPaint, CanvasPaintingUsesATemporaryItemAtScaleOne)
+{
+    layer->SetAutoAdd(false);
+    IZoDotMapObject* loose = module.CreateDotMapObject("Dot", layer);
+    ASSERT_EQ(loose->GetQtItem(), nullptr);
+    loose->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    loose->SetNameVisible(true);
+    loose->SetRadius(8.0);
+    loose->SetPenWidth(2.0f);
+    loose->SetPenColor(QColor(20, 40, 160));
+    loose->SetBrushColor(QColor(250, 200, 40));
+    loose->SetLabelPosition(0);
+    loose->SetPosition(CVector3D(0.0, 0.0, 0.0));
+    map.ChangeViewScale(4.0); // the canvas ignores the view's scale
+
+    // Web Mercator level 0: (0, 0) is pixel (128, 128).
+    QImage canvas = BlankCanvas(256, 256);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-68, -98); // bring pixel (128, 128) to (60, 30)
+    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    EXPECT_EQ(loose->GetQtItem(), nullptr);
+    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 120, 60), QStringLiteral("dot_label_0"), 16, 12), QString());
+}
+
+TEST_F(DotPaint, CanvasPaintingRejectsNullArguments)
+{
+    QImage canvas = BlankCanvas(10, 10);
+    QPainter painter(&canvas);
+    dot->PaintOnCanvas(&painter, nullptr, 0, nullptr);
+    dot->PaintOnCanvas(nullptr, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    EXPECT_EQ(log.Messages(), (Messages{"[CZoDotMapObject::PaintOnCanvas] 传入参数为空",
+                                        "[CZoDotMapObject::PaintOnCanvas] 传入参数为空"}));
+}
