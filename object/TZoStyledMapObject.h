@@ -12,9 +12,10 @@ struct SZoSurfaceRefresh
     bool penWidthRebuildsShape; // SetPenWidth rebuilds the shape (the outline grows with the pen)
 };
 
-// The 17 surface-style operations over a SurfaceStyle record.
-template <class Interface, class Derived, class Item>
-class TZoSurfaceStyleObject : public TZoMapObjectBase<Interface, Derived, Item>
+// What the surface and line styles share: label position, pen colour and
+// pen style, over the kind's style record.
+template <class Interface, class Derived, class Item, class StyleRecord>
+class TZoStyleObjectBase : public TZoMapObjectBase<Interface, Derived, Item>
 {
 public:
     void SetLabelPosition(unsigned int position) override
@@ -23,105 +24,88 @@ public:
         this->Core().RelayoutNameAndRepaint(true);
     }
     unsigned int GetLabelPosition() const override { return m_style.labelPosition; }
-    void SetLabelAlignment(unsigned int alignment) override
-    {
-        m_style.labelAlignment = alignment;
-        if (Derived::kSurfaceRefresh.alignmentRelaysLabel)
-            this->Core().RelayoutNameAndRepaint(true);
-    }
-    unsigned int GetLabelAlignment() const override { return m_style.labelAlignment; }
     void SetPenColor(const QColor& color) override
     {
         m_style.penColor = color;
         this->Core().Update();
     }
     QColor GetPenColor() const override { return m_style.penColor; }
+    float GetPenWidth() const override { return m_style.penWidth; }
+    void SetPenStyle(unsigned int style) override
+    {
+        m_style.penStyle = style;
+        this->Core().Update();
+    }
+    unsigned int GetPenStyle() const override { return m_style.penStyle; }
+
+    const StyleRecord& Style() const { return m_style; }
+
+protected:
+    StyleRecord m_style;
+};
+
+// The 17 surface-style operations over a SurfaceStyle record.
+template <class Interface, class Derived, class Item>
+class TZoSurfaceStyleObject : public TZoStyleObjectBase<Interface, Derived, Item, SurfaceStyle>
+{
+public:
+    void SetLabelAlignment(unsigned int alignment) override
+    {
+        this->m_style.labelAlignment = alignment;
+        if (Derived::kSurfaceRefresh.alignmentRelaysLabel)
+            this->Core().RelayoutNameAndRepaint(true);
+    }
+    unsigned int GetLabelAlignment() const override { return this->m_style.labelAlignment; }
     void SetPenWidth(float width) override
     {
-        m_style.penWidth = width;
+        this->m_style.penWidth = width;
         if (Derived::kSurfaceRefresh.penWidthRebuildsShape)
             this->Core().RebuildAndRepaint(true);
         else
             this->Core().Update();
     }
-    float GetPenWidth() const override { return m_style.penWidth; }
-    void SetPenStyle(unsigned int style) override
-    {
-        m_style.penStyle = style;
-        this->Core().Update();
-    }
-    unsigned int GetPenStyle() const override { return m_style.penStyle; }
     void SetBrushColor(const QColor& color) override
     {
-        m_style.brushColor = color;
+        this->m_style.brushColor = color;
         this->Core().Update();
     }
-    QColor GetBrushColor() const override { return m_style.brushColor; }
+    QColor GetBrushColor() const override { return this->m_style.brushColor; }
     void SetBrushTextureFile(unsigned int brushStyle, const std::string& path) override
     {
-        m_style.LoadBrushTextureFile(brushStyle, path);
+        this->m_style.LoadBrushTextureFile(brushStyle, path);
         this->Core().Update();
     }
     void SetBrushTexture(unsigned int brushStyle, const QPixmap& texture) override
     {
-        m_style.brushStyle = brushStyle;
-        m_style.brushTexture = texture;
+        this->m_style.brushStyle = brushStyle;
+        this->m_style.brushTexture = texture;
         this->Core().Update();
     }
-    unsigned int GetBrushStyle() const override { return m_style.brushStyle; }
-    QPixmap GetBrushTexture() const override { return m_style.brushTexture; }
-    std::string GetBrushTextureFile() const override { return m_style.brushTextureFile; }
-
-    const SurfaceStyle& Style() const { return m_style; }
-
-protected:
-    SurfaceStyle m_style;
+    unsigned int GetBrushStyle() const override { return this->m_style.brushStyle; }
+    QPixmap GetBrushTexture() const override { return this->m_style.brushTexture; }
+    std::string GetBrushTextureFile() const override { return this->m_style.brushTextureFile; }
 };
 
 // The 12 line-style operations over a LineStyle record.
 template <class Interface, class Derived, class Item>
-class TZoLineStyleObject : public TZoMapObjectBase<Interface, Derived, Item>
+class TZoLineStyleObject : public TZoStyleObjectBase<Interface, Derived, Item, LineStyle>
 {
 public:
-    void SetLabelPosition(unsigned int position) override
-    {
-        m_style.labelPosition = position;
-        this->Core().RelayoutNameAndRepaint(true);
-    }
-    unsigned int GetLabelPosition() const override { return m_style.labelPosition; }
-    void SetPenColor(const QColor& color) override
-    {
-        m_style.penColor = color;
-        this->Core().Update();
-    }
-    QColor GetPenColor() const override { return m_style.penColor; }
     void SetPenWidth(float width) override
     {
-        m_style.penWidth = width;
+        this->m_style.penWidth = width;
         this->Core().RebuildAndRepaint(true);
     }
-    float GetPenWidth() const override { return m_style.penWidth; }
-    void SetPenStyle(unsigned int style) override
-    {
-        m_style.penStyle = style;
-        this->Core().Update();
-    }
-    unsigned int GetPenStyle() const override { return m_style.penStyle; }
     void SetArrowVisible(bool visible) override
     {
-        m_style.arrowVisible = visible;
+        this->m_style.arrowVisible = visible;
         this->Core().Update();
     }
-    bool IsArrowVisible() const override { return m_style.arrowVisible; }
+    bool IsArrowVisible() const override { return this->m_style.arrowVisible; }
     void SetArrowAtEnd(bool atEnd) override
     {
-        m_style.arrowAtEnd = atEnd;
+        this->m_style.arrowAtEnd = atEnd;
         this->Core().Update();
     }
-    bool IsArrowAtEnd() const override { return m_style.arrowAtEnd; }
-
-    const LineStyle& Style() const { return m_style; }
-
-protected:
-    LineStyle m_style;
+    bool IsArrowAtEnd() const override { return this->m_style.arrowAtEnd; }
 };
