@@ -1,0 +1,68 @@
+#include "CViewerWindow.h"
+#include "ViewerOptions.h"
+
+#include <ZoGraphics/CZoMapView.h>
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QImage>
+
+#include <cstdio>
+
+namespace
+{
+// The sources' data folder serves a viewer run from the build tree.
+QString ChooseDataDir(const ViewerOptions& options, const CZoMapView& view)
+{
+    if (!options.dataDir.isEmpty())
+        return options.dataDir;
+    const QString probe = QStringLiteral("/countries-110m.geojson");
+    if (!QFileInfo::exists(view.GetBasemapDataDir() + probe) &&
+        QFileInfo::exists(QStringLiteral(ZO_VIEWER_SOURCE_DATA_DIR) + probe))
+        return QStringLiteral(ZO_VIEWER_SOURCE_DATA_DIR);
+    return QString();
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (WantsHeadlessRender(argc, argv))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zomapview"));
+
+    ViewerOptions options;
+    QString error;
+    QString help;
+    if (!ParseViewerOptions(QApplication::arguments(), &options, &error, &help))
+    {
+        std::fprintf(stderr, "zomapview: %s\n\n%s", qPrintable(error), qPrintable(help));
+        return 2;
+    }
+    if (options.helpRequested)
+    {
+        std::printf("%s", qPrintable(help));
+        return 0;
+    }
+
+    CViewerWindow window;
+    const QString dataDir = ChooseDataDir(options, *window.MapView());
+    if (!dataDir.isEmpty())
+        window.MapView()->SetBasemapDataDir(dataDir);
+    window.PopulateGraphics(window.MapView()->GetBasemapDataDir());
+    window.ShowArea(options.centerLon, options.centerLat, options.zoom);
+
+    if (!options.renderPath.isEmpty())
+    {
+        const QImage image = window.RenderMap(options.size);
+        if (image.isNull() || !image.save(options.renderPath, "PNG"))
+        {
+            std::fprintf(stderr, "zomapview: cannot write '%s'\n", qPrintable(options.renderPath));
+            return 1;
+        }
+        std::printf("%s\n", qPrintable(options.renderPath));
+        return 0;
+    }
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,142 @@
+#include "host/CZoBasemap.h"
+
+#include <ZoGraphics/ZoTileModel.h>
+
+#include "support/LogCapture.h"
+
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+namespace
+{
+// The whole world at a level, drawn into an image of world pixels.
+QImage DrawWorld(CZoBasemap& basemap, const CTileModel* model, int level)
+{
+    const QSize size(int(model->GetWorldPixelWidth(level)), int(model->GetWorldPixelHeight(level)));
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    basemap.Draw(&painter, QRectF(QPointF(), size), model, level);
+    return image;
+}
+
+QColor ColourAt(const QImage& image, const CTileModel* model, int level, double lon, double lat)
+{
+    double x = 0.0;
+    double y = 0.0;
+    EXPECT_TRUE(model->ConvertGeoToPixel(&x, &y, level, lon, lat));
+    return image.pixelColor(int(x), int(y));
+}
+
+struct Probe
+{
+    const char* where;
+    double lon;
+    double lat;
+    bool land;
+};
+
+// Open water along the rows where an antimeridian ring (Russia, Fiji) or the
+// polar ring would smear land across the map if it were drawn unwrapped.
+const Probe kProbes[] = {
+    {"Congo basin", 20.0, 0.0, true},        {"Mid Atlantic", -30.0, 0.0, false},
+    {"Chukotka", 175.0, 66.0, true},         {"Chukotka west of 180", -176.0, 67.0, true},
+    {"Bering Sea", -175.0, 55.0, false},     {"North Atlantic", -30.0, 55.0, false},
+    {"East of Fiji", -160.0, -17.0, false},           {"South Pacific", -150.0, -16.5, false},
+    {"East Antarctica", 60.0, -78.0, true},  {"Ross Sea", -170.0, -75.0, false},
+    {"Marie Byrd Land", -110.0, -78.0, true},   {"Southern Ocean", 0.0, -55.0, false},
+};
+} // namespace
+
+TEST(MapHostBasemap, PicksTheDetailedFileFromLevelFour)
+{
+    EXPECT_EQ(CZoBasemap::FileNameForLevel(0), QStringLiteral("countries-110m.geojson"));
+    EXPECT_EQ(CZoBasemap::FileNameForLevel(3), QStringLiteral("countries-110m.geojson"));
+    EXPECT_EQ(CZoBasemap::FileNameForLevel(4), QStringLiteral("countries-50m.geojson"));
+    EXPECT_EQ(CZoBasemap::FileNameForLevel(21), QStringLiteral("countries-50m.geojson"));
+
+    CZoBasemap basemap(QStringLiteral(ZO_SOURCE_DATA_DIR));
+    const CTileModel* model = ITileModel::GetTileModel(1, true);
+    const std::size_t coarse = basemap.GetShapes(model, 3).size();
+    const std::size_t detailed = basemap.GetShapes(model, 4).size();
+    EXPECT_GT(coarse, 177u);
+    EXPECT_GT(detailed, 2 * coarse);
+}
+
+TEST(MapHostBasemap, ShapesLieInTheWorldAtTheirLevel)
+{
+    CZoBasemap basemap(QStringLiteral(ZO_SOURCE_DATA_DIR));
+    for (int kind : {1, 2})
+    {
+        const CTileModel* model = ITileModel::GetTileModel(kind, true);
+        for (int level : {0, 6})
+        {
+            const QRectF world(0, 0, model->GetWorldPixelWidth(level), model->GetWorldPixelHeight(level));
+            QRectF all;
+            for (const CZoBasemap::Shape& shape : basemap.GetShapes(model, level))
+            {
+                ASSERT_TRUE(shape.bounds.intersects(world)) << "kind " << kind << " level " << level << " "
+                    << shape.bounds.x() << " " << shape.bounds.y() << " " << shape.bounds.width() << " " << shape.bounds.height();
+                all = all.united(shape.bounds);
+            }
+            // Copies past the antimeridian stick out sideways, never up or down.
+            EXPECT_GE(all.top(), world.top() - 1e-6);
+            EXPECT_LE(all.bottom(), world.bottom() + 1e-6);
+            EXPECT_LT(all.left(), world.left());
+            EXPECT_GT(all.right(), world.right());
+        }
+    }
+}
+
+TEST(MapHostBasemap, LandAndSeaWhereTheyBelong)
+{
+    CZoBasemap basemap(QStringLiteral(ZO_SOURCE_DATA_DIR));
+    for (int kind : {1, 2})
+    {
+        const CTileModel* model = ITileModel::GetTileModel(kind, true);
+        for (int level : {2, 4})
+        {
+            const QImage image = DrawWorld(basemap, model, level);
+            for (const Probe& probe : kProbes)
+            {
+                const QColor expected = probe.land ? CZoBasemap::kLandColour : CZoBasemap::kOceanColour;
+                EXPECT_EQ(ColourAt(image, model, level, probe.lon, probe.lat), expected)
+                    << probe.where << ", kind " << kind << ", level " << level;
+            }
+        }
+    }
+}
+
+TEST(MapHostBasemap, MissingDataDrawsTheSeaAndLogsOnce)
+{
+    LogCapture log;
+    CZoBasemap basemap(QStringLiteral("/nonexistent/zo-data"));
+    const CTileModel* model = ITileModel::GetTileModel(1, true);
+    const QImage image = DrawWorld(basemap, model, 1);
+    DrawWorld(basemap, model, 2);
+    EXPECT_EQ(image.pixelColor(256, 256), CZoBasemap::kOceanColour);
+    EXPECT_EQ(log.Messages(), std::vector<std::string>{
+                                  "[CZoBasemap::Load] 打开文件失败: /nonexistent/zo-data/countries-110m.geojson"});
+
+    // Pointing it at the data later brings the countries in.
+    basemap.SetDataDir(QStringLiteral(ZO_SOURCE_DATA_DIR));
+    EXPECT_FALSE(basemap.GetShapes(model, 2).empty());
+}
+
+TEST(MapHostBasemap, MalformedFileAndNullModelAreHarmless)
+{
+    LogCapture log;
+    CZoBasemap basemap(QStringLiteral(ZO_TEST_DATA_DIR "/host-malformed"));
+    EXPECT_TRUE(basemap.GetShapes(ITileModel::GetTileModel(1, true), 1).empty());
+    EXPECT_TRUE(basemap.GetShapes(nullptr, 1).empty());
+    ASSERT_EQ(log.Messages().size(), 1u);
+    EXPECT_EQ(log.Messages()[0].rfind("[CZoBasemap::Load] GeoJSON解析失败: ", 0), 0u);
+
+    QImage image(8, 8, QImage::Format_RGB32);
+    QPainter painter(&image);
+    basemap.Draw(&painter, QRectF(0, 0, 8, 8), nullptr, 3);
+    basemap.Draw(nullptr, QRectF(0, 0, 8, 8), nullptr, 3);
+    painter.end();
+    EXPECT_EQ(image.pixelColor(4, 4), CZoBasemap::kOutsideColour);
+}
