@@ -447,7 +447,7 @@ void CZoGraphicsModule::Stack(EStacking mode, const char* method, IZoGraphicsMap
 {
     if (!object || ids.empty())
     {
-        ZoLogWarnAt(kClassName, method) << "传入参数为空";
+        ZoLogWarnAt(kClassName, method) << ZoLogReason::kArgumentNull;
         return;
     }
     QGraphicsItem* item = object->GetQtItem();

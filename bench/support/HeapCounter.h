@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+
+// Counts bytes handed out by operator new in this process (GEOS allocates
+// through it too), so that a benchmark can report the peak of one call.
+class HeapPeak
+{
+public:
+    // Starts measuring from the bytes live now.
+    HeapPeak();
+    // Highest number of bytes live since construction, above the start.
+    std::size_t Bytes() const;
+
+private:
+    std::size_t m_base;
+};

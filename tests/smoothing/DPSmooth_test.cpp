@@ -1,0 +1,318 @@
+#include "shapes/smoothing/ZoDouglasPeucker.h"
+
+#include <ZoGraphics/ZoGraphicsConstant.h>
+
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <random>
+#include <set>
+
+namespace
+{
+using Path = std::vector<CVector3D>;
+
+// Through a volatile on purpose: GCC 12.2 at -O2 lets its SLP vectorizer drop
+// the narrowing of some lanes when several double-float-double round trips are
+// inlined side by side.
+double SinglePrecision(double v)
+{
+    const volatile float narrowed = static_cast<float>(v);
+    return narrowed;
+}
+
+CVector3D Rounded(const CVector3D& p)
+{
+    return CVector3D(SinglePrecision(p.x), SinglePrecision(p.y), SinglePrecision(p.z));
+}
+
+// The reduction written the plain way: recursion, an ordered index set, and
+// the point-to-line distance evaluated point by point.
+class ReferenceDP
+{
+public:
+    ReferenceDP(const Path& in, double tolerance) : m_tolerance(tolerance)
+    {
+        for (const CVector3D& p : in)
+            m_points.push_back(Rounded(p));
+    }
+
+    Path Run()
+    {
+        const std::size_t n = m_points.size();
+        if (n == 0)
+            return {};
+        const long k = Farthest(0, n - 1);
+        if (k < 0)
+            return n > 2 ? Path{m_points.front(), m_points.back()} : m_points;
+        Split(0, k);
+        Split(k, n - 1);
+        Path out;
+        for (const std::size_t i : m_kept)
+            out.push_back(m_points[i]);
+        return out;
+    }
+
+private:
+    void Split(std::size_t first, std::size_t last)
+    {
+        const long k = Farthest(first, last);
+        if (k < 0)
+        {
+            m_kept.insert(first);
+            m_kept.insert(last);
+            return;
+        }
+        Split(first, k);
+        Split(k, last);
+    }
+
+    double Distance(std::size_t p, std::size_t a, std::size_t b) const
+    {
+        const CVector3D& A = m_points[a];
+        const CVector3D& B = m_points[b];
+        const CVector3D& P = m_points[p];
+        const float ux = float(B.x) - float(A.x), uy = float(B.y) - float(A.y), uz = float(B.z) - float(A.z);
+        const float vx = float(P.x) - float(A.x), vy = float(P.y) - float(A.y), vz = float(P.z) - float(A.z);
+        const float lu = std::sqrt(ux * ux + uy * uy + uz * uz);
+        const float lv = std::sqrt(vx * vx + vy * vy + vz * vz);
+        if (lu <= 0.0f)
+            return lv;
+        if (!(lv > 0.0f))
+            return 0.0;
+        const float dot = ux * vx + uy * vy + uz * vz;
+        const double k = static_cast<double>(dot) / (static_cast<double>(lu) * static_cast<double>(lv));
+        return static_cast<double>(lv) * std::sqrt(1.0 - k * k);
+    }
+
+    long Farthest(std::size_t a, std::size_t b) const
+    {
+        if (m_points.size() < 3 || b - a < 2)
+            return -1;
+        long best = -1;
+        double largest = 0.0;
+        for (std::size_t i = a + 1; i < b; ++i)
+        {
+            const double d = Distance(i, a, b);
+            if (std::isnan(d))
+                continue;
+            if (best < 0 || d > largest)
+            {
+                best = static_cast<long>(i);
+                largest = d;
+            }
+        }
+        if (best < 0 || m_tolerance > largest)
+            return -1;
+        return best;
+    }
+
+    Path m_points;
+    double m_tolerance;
+    std::set<std::size_t> m_kept;
+};
+
+Path Reference(const Path& in, double tolerance) { return ReferenceDP(in, tolerance).Run(); }
+
+Path Smoothed(const Path& in, int level = 0)
+{
+    Path out{CVector3D(9, 9, 9)};
+    ZoGraphicsConstantNS::DPSmooth(out, in, 0, level);
+    return out;
+}
+
+// Steps comparable to the tolerance, so that both splits and merges happen.
+Path RandomWalk(std::mt19937& rng, std::size_t n, double step)
+{
+    std::uniform_real_distribution<double> delta(-step, step);
+    Path path;
+    CVector3D p(100.0, 30.0, 0.0);
+    for (std::size_t i = 0; i < n; ++i)
+    {
+        path.push_back(p);
+        p = p + CVector3D(delta(rng), delta(rng), 0.3 * delta(rng));
+    }
+    return path;
+}
+
+// Small integers: exact distances, many ties, repeated points and spans whose
+// ends coincide.
+Path IntegerGrid(std::mt19937& rng, std::size_t n)
+{
+    std::uniform_int_distribution<int> c(-2, 2);
+    Path path;
+    for (std::size_t i = 0; i < n; ++i)
+        path.emplace_back(c(rng), c(rng), c(rng) * 0.5);
+    return path;
+}
+
+Path Lattice(std::size_t n, CVector3D origin, CVector3D step)
+{
+    Path path;
+    for (std::size_t i = 0; i < n; ++i)
+        path.push_back(origin + CVector3D(step.x * i, step.y * i, step.z * i));
+    return path;
+}
+
+// 401 points at the origin, a closed ring whose one inner point lies at
+// height z: the span's ends coincide, so its distance is exactly |z|.
+Path SpikeAtOrigin(float z)
+{
+    Path path(401, CVector3D());
+    path[200].z = z;
+    return path;
+}
+} // namespace
+
+TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactly)
+{
+    std::mt19937 rng(7);
+    const Path four00 = RandomWalk(rng, 400, 0.1);
+    const Path four01 = RandomWalk(rng, 401, 0.1);
+    EXPECT_EQ(Smoothed(four00, 0), four00);
+    EXPECT_EQ(Smoothed(four00, -5), four00);
+    EXPECT_EQ(Smoothed(four01, 18), four01);
+    EXPECT_EQ(Smoothed(four01, 25), four01);
+    EXPECT_EQ(Smoothed(Path{}, 0), Path{});
+}
+
+TEST(DPSmoothThresholds, LongListsBelowLevel18AreReduced)
+{
+    std::mt19937 rng(8);
+    const Path four01 = RandomWalk(rng, 401, 0.1);
+    const Path reduced = Smoothed(four01, 17);
+    EXPECT_LT(reduced.size(), four01.size());
+    EXPECT_EQ(reduced, Reference(four01, 0.4));
+    EXPECT_EQ(Smoothed(four01, -1), reduced);
+}
+
+TEST(DPSmoothThresholds, CollinearPointsKeepOnlyTheEnds)
+{
+    // Non-representable steps: |k| may round above 1 and the distance to NaN.
+    const Path line = Lattice(401, CVector3D(0.1, 0.2, 0.3), CVector3D(0.1, 0.2, 0.3));
+    EXPECT_EQ(Smoothed(line), (Path{Rounded(line.front()), Rounded(line.back())}));
+    const Path flat = Lattice(1001, CVector3D(-50, 20, 0), CVector3D(0.25, -0.5, 0));
+    EXPECT_EQ(Smoothed(flat), (Path{flat.front(), flat.back()}));
+}
+
+TEST(DPSmoothOutput, CarriesSinglePrecision)
+{
+    Path path = Lattice(401, CVector3D(0.1, 0.1, 0.1), CVector3D(0, 0, 0));
+    path.back() = CVector3D(0.7, 0.3, 1e-3);
+    const Path out = Smoothed(path);
+    ASSERT_EQ(out.size(), 2u);
+    EXPECT_EQ(out[0], CVector3D(double(0.1f), double(0.1f), double(0.1f)));
+    EXPECT_EQ(out[1], CVector3D(double(0.7f), double(0.3f), double(1e-3f)));
+    EXPECT_NE(out[0].x, 0.1);
+}
+
+TEST(DPSmoothOutput, OutMayBeTheInput)
+{
+    std::mt19937 rng(9);
+    const Path shortPath = RandomWalk(rng, 400, 0.5);
+    Path same = shortPath;
+    ZoGraphicsConstantNS::DPSmooth(same, same, 0, 0);
+    EXPECT_EQ(same, shortPath);
+
+    const Path longPath = RandomWalk(rng, 5000, 0.5);
+    same = longPath;
+    ZoGraphicsConstantNS::DPSmooth(same, same, 0, 3);
+    EXPECT_EQ(same, Smoothed(longPath));
+    EXPECT_EQ(same, Reference(longPath, 0.4));
+}
+
+TEST(DPSmoothReference, RandomInputsMatch)
+{
+    std::mt19937 rng(20261121);
+    std::uniform_int_distribution<std::size_t> size(401, 3000);
+    for (int round = 0; round < 60; ++round)
+    {
+        SCOPED_TRACE(round);
+        Path path = round % 3 == 0 ? IntegerGrid(rng, size(rng)) : RandomWalk(rng, size(rng), round % 3 == 1 ? 0.3 : 2);
+        if (round % 4 == 0)
+            path.back() = path.front();
+        if (round % 5 == 0)
+            path.insert(path.begin() + path.size() / 2, 20, path[path.size() / 2]);
+        EXPECT_EQ(Smoothed(path), Reference(path, 0.4));
+    }
+}
+
+TEST(DPSmoothReference, SmallInputsAndOtherTolerancesMatch)
+{
+    std::mt19937 rng(11);
+    std::uniform_int_distribution<std::size_t> size(0, 40);
+    for (const double tolerance : {0.0, 0.5, 1.0, 2.0, 3.0})
+    {
+        for (int round = 0; round < 200; ++round)
+        {
+            SCOPED_TRACE(round);
+            const Path path = round % 2 ? IntegerGrid(rng, size(rng)) : RandomWalk(rng, size(rng), 1.5);
+            Path out;
+            ZoGraphicsInternalNS::DouglasPeuckerReduce(out, path, tolerance);
+            EXPECT_EQ(out, Reference(path, tolerance));
+        }
+    }
+}
+
+TEST(DPSmoothSplits, PointAtExactlyTheToleranceSplits)
+{
+    // Closed ring: the distances are the exact lengths 1, 5 and 5.
+    const Path ring{CVector3D(0, 0, 0), CVector3D(1, 0, 0), CVector3D(3, 4, 0), CVector3D(0, 0, 5), CVector3D(0, 0, 0)};
+    Path out;
+    ZoGraphicsInternalNS::DouglasPeuckerReduce(out, ring, 5.0);
+    // The first of the two points at distance 5 is the split.
+    EXPECT_EQ(out, (Path{ring[0], ring[2], ring[4]}));
+    out.clear();
+    ZoGraphicsInternalNS::DouglasPeuckerReduce(out, ring, std::nextafter(5.0, 6.0));
+    EXPECT_EQ(out, (Path{ring[0], ring[4]}));
+
+    // A point straight above the start of a span: dot product 0, distance |v|.
+    const Path corner{CVector3D(0, 0, 0), CVector3D(0, 2, 0), CVector3D(10, 0, 0)};
+    out.clear();
+    ZoGraphicsInternalNS::DouglasPeuckerReduce(out, corner, 2.0);
+    EXPECT_EQ(out, corner);
+}
+
+TEST(DPSmoothSplits, ToleranceBoundaryLiesBetweenTwoFloats)
+{
+    // 0.4 is not a float: float(0.4) lies just above it, its predecessor below.
+    const float above = 0.4f;
+    const float below = std::nextafter(above, 0.0f);
+    ASSERT_GT(double(above), 0.4);
+    ASSERT_LT(double(below), 0.4);
+    EXPECT_EQ(Smoothed(SpikeAtOrigin(above)), (Path{CVector3D(), CVector3D(0, 0, above), CVector3D()}));
+    EXPECT_EQ(Smoothed(SpikeAtOrigin(below)), (Path{CVector3D(), CVector3D()}));
+}
+
+TEST(DPSmoothSplits, MillionPointZigZagRunsOnASmallStack)
+{
+    // (i, ±i) peels off one point per split, a chain as deep as it is long;
+    // the rest returns to the origin in a fine zig-zag.
+    constexpr std::size_t chain = 10000;
+    constexpr std::size_t total = 1000000;
+    Path path;
+    path.reserve(total);
+    for (std::size_t i = 0; i < chain; ++i)
+        path.emplace_back(double(i), i % 2 ? -double(i) : double(i), 0.0);
+    const CVector3D turn = path.back();
+    const std::size_t tail = total - chain;
+    for (std::size_t j = 1; j <= tail; ++j)
+    {
+        const double s = 1.0 - double(j) / tail;
+        const double wiggle = j == tail ? 0.0 : (j % 2 ? 0.07 : -0.07);
+        path.emplace_back(turn.x * s + wiggle, turn.y * s + wiggle, 0.0);
+    }
+
+    Path out;
+    std::unique_ptr<QThread> worker(QThread::create([&] { ZoGraphicsConstantNS::DPSmooth(out, path, 0, 0); }));
+    worker->setStackSize(256 * 1024);
+    worker->start();
+    ASSERT_TRUE(worker->wait());
+
+    ASSERT_GT(out.size(), chain);
+    EXPECT_TRUE(std::equal(path.begin(), path.begin() + chain, out.begin()));
+    EXPECT_EQ(out.back(), CVector3D());
+}
