@@ -1,5 +1,7 @@
 #include "object/CZoNameLabel.h"
 
+#include "object/ZoTextPath.h"
+
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
@@ -61,21 +63,19 @@ void CZoNameLabel::SetOffset(float newOffset)
 
 void CZoNameLabel::Layout()
 {
-    QPainterPath path;
-    const qreal lineSpacing = QFontMetricsF(font).lineSpacing();
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    for (int i = 0; i < lines.size(); ++i)
-        path.addText(QPointF(0.0, i * lineSpacing), font, lines.at(i));
+    QPainterPath path = ZoTextToPath(text, font, QFontMetricsF(font).lineSpacing());
     path.translate(originX, originY);
     textPath = path;
     boundingRect = textPath.boundingRect();
+    const QFontMetrics metrics(font);
+    m_textWidth = WidestLine(metrics, text);
+    m_textHeight = metrics.height();
 }
 
 void CZoNameLabel::Place(EZoLabelPlacement placement, double x, double y)
 {
-    const QFontMetrics metrics(font);
-    const double w = WidestLine(metrics, text);
-    const double h = metrics.height();
+    const double w = m_textWidth;
+    const double h = m_textHeight;
     const double g = offset;
 
     double ox = x;
@@ -100,8 +100,10 @@ void CZoNameLabel::Place(EZoLabelPlacement placement, double x, double y)
     ox = static_cast<float>(ox);
     oy = static_cast<float>(oy);
 
+    // Moving a bounding rectangle gives exactly the moved path's, without
+    // walking the glyph outlines again.
     textPath.translate(ox - originX, oy - originY);
-    boundingRect = textPath.boundingRect();
+    boundingRect.translate(ox - originX, oy - originY);
     originX = ox;
     originY = oy;
 }

@@ -65,6 +65,11 @@ public:
     QRectF boundingRect;
     QPainterPath textPath;
     QString text;
+
+private:
+    // Width of the widest line and height of a line, measured at layout.
+    double m_textWidth = 0.0;
+    double m_textHeight = 0.0;
 };
 
 // A surface shape's label anchor for a side (0 top, 1 bottom, 2 left,

@@ -1,0 +1,103 @@
+#include "object/ZoTextPath.h"
+
+#include <QGlyphRun>
+#include <QHash>
+#include <QRawFont>
+#include <QStringList>
+#include <QTextLayout>
+#include <mutex>
+
+namespace
+{
+struct GlyphKey
+{
+    QString family;
+    QString style;
+    qreal pixelSize;
+    int weight;
+    int fontStyle;
+    quint32 glyph;
+
+    bool operator==(const GlyphKey& o) const
+    {
+        return glyph == o.glyph && pixelSize == o.pixelSize && weight == o.weight && fontStyle == o.fontStyle &&
+               family == o.family && style == o.style;
+    }
+};
+
+uint qHash(const GlyphKey& key, uint seed = 0)
+{
+    return ::qHash(key.family, seed) ^ ::qHash(key.glyph, seed) ^ ::qHash(key.pixelSize, seed) ^
+           ::qHash(key.weight * 4 + key.fontStyle, seed);
+}
+
+// Bounded so that a host cycling through many fonts cannot grow it forever.
+constexpr int kMaxCachedGlyphs = 50000;
+
+class GlyphCache
+{
+public:
+    QPainterPath Outline(const QRawFont& font, quint32 glyph)
+    {
+        const GlyphKey key{font.familyName(), font.styleName(), font.pixelSize(), font.weight(),
+                           static_cast<int>(font.style()), glyph};
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            const auto found = m_outlines.constFind(key);
+            if (found != m_outlines.constEnd())
+                return found.value();
+        }
+        const QPainterPath outline = font.pathForGlyph(glyph);
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_outlines.size() >= kMaxCachedGlyphs)
+            m_outlines.clear();
+        m_outlines.insert(key, outline);
+        return outline;
+    }
+
+private:
+    std::mutex m_mutex;
+    QHash<GlyphKey, QPainterPath> m_outlines;
+};
+
+GlyphCache& Cache()
+{
+    static GlyphCache cache;
+    return cache;
+}
+
+void AddLine(QPainterPath& path, const QString& line, const QFont& font, qreal baseline)
+{
+    if (line.isEmpty())
+        return;
+    QTextLayout layout(line, font);
+    layout.setCacheEnabled(false);
+    layout.beginLayout();
+    const QTextLine textLine = layout.createLine();
+    layout.endLayout();
+    if (!textLine.isValid())
+        return;
+    const QPointF shift(0.0, baseline - textLine.ascent());
+    for (const QGlyphRun& run : layout.glyphRuns())
+    {
+        const QRawFont rawFont = run.rawFont();
+        const QVector<quint32> glyphs = run.glyphIndexes();
+        const QVector<QPointF> positions = run.positions();
+        for (int i = 0; i < glyphs.size() && i < positions.size(); ++i)
+        {
+            QPainterPath glyph = Cache().Outline(rawFont, glyphs.at(i));
+            glyph.translate(positions.at(i) + shift);
+            path.addPath(glyph);
+        }
+    }
+}
+} // namespace
+
+QPainterPath ZoTextToPath(const QString& text, const QFont& font, qreal lineSpacing)
+{
+    QPainterPath path;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i)
+        AddLine(path, lines.at(i), font, i * lineSpacing);
+    return path;
+}
