@@ -4,8 +4,6 @@
 #include <ZoGraphics/ZoCoreTypes.h>
 
 #include <memory>
-#include <mutex>
-#include <map>
 #include <string>
 
 // A coordinate reference system, backed by PROJ. Geographic systems take and
