@@ -4,6 +4,8 @@
 #include <proj.h>
 
 #include <cmath>
+#include <map>
+#include <mutex>
 #include <utility>
 
 // PROJ objects are not thread-safe and are bound to the context that made
