@@ -219,7 +219,9 @@ T* CZoGraphicsModule::CreateAndRegister(const std::string& name, IZoGraphicsMapL
 {
     IZoGraphicsMapLayer* target = layer ? layer : m_defaultLayer;
     auto object = std::make_unique<T>();
-    if (!target || !object->Initialise(name, m_mapModule, target))
+    // Initialise runs even without a layer, so that the object's own text
+    // comes before the creator's.
+    if (!object->Initialise(name, m_mapModule, target))
     {
         object.reset();
         ZoLogWarnAt(kClassName, creator) << ZoLogReason::kInitialiseFailed;

@@ -425,6 +425,16 @@ void CZoMapObjectCore::RelayoutNameAndRepaint(bool forced)
     m_item->Repaint();
 }
 
+void CZoMapObjectCore::PaintName(QPainter* painter, const CZoNameLabel& label, double s, int lod) const
+{
+    if (!painter || !label.IsShownAt(lod, m_graphicsLayer))
+        return;
+    painter->save();
+    painter->scale(s, s);
+    label.Draw(painter);
+    painter->restore();
+}
+
 void CZoMapObjectCore::EnsureItem()
 {
     if (!m_item)

@@ -133,6 +133,10 @@ public:
     void RebuildAndRepaint(bool forced);
     void RelayoutNameAndRepaint(bool forced);
     void EnsureItem();
+    // Draws a label placed in item pixels when it shows at lod: the painter
+    // is scaled by s first, so the label keeps its on-screen size. Every
+    // kind's paint goes through here, whatever label record it draws.
+    void PaintName(QPainter* painter, const CZoNameLabel& label, double s, int lod) const;
 
 private:
     void ApplyInteractive();

@@ -115,12 +115,5 @@ void CDotItemQtImpl::PaintDot(QPainter* painter, const CZoNameLabel& label, doub
         painter->drawEllipse(QPointF(0.0, 0.0), r, r);
     }
     painter->restore();
-
-    painter->save();
-    if (label.IsShownAt(lod, m_owner->GetGraphicsMapLayer()))
-    {
-        painter->scale(s, s);
-        label.Draw(painter);
-    }
-    painter->restore();
+    m_owner->Core().PaintName(painter, label, s, lod);
 }

@@ -3,8 +3,7 @@
 void CZoDotMapObject::SetPosition(const CVector3D& position)
 {
     m_position = position;
-    if (QGraphicsItem* item = GetQtItem())
-        item->setPos(ConvertAnchorToPixel());
+    Core().UpdatePosition();
 }
 
 void CZoDotMapObject::SetRadius(double radius)

@@ -103,6 +103,8 @@ TEST(GraphicsModuleWithoutMap, FailedInitialiseLogsTheCreatorsTextAndLeavesTheRe
                                         "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
                                         "[CZoGraphicsMapLayer::Initialise] MapModule传入为空",
                                         "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
+                                        // The object's own text comes first, also without a layer.
+                                        "[CZoTextMapObject::Initialise] MapModule传入为空",
                                         "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}));
     module.Unintialise();
 }
