@@ -31,8 +31,11 @@ bool CZoGraphicsMapLayer::Initialise(const std::string& name, IZoMapModule* mapM
     }
     m_graphicsModule = graphicsModule;
     m_mapModule = mapModule;
+    const std::string oldName = m_name;
     m_name = name;
     m_layerId = GenerateZoObjectID();
+    if (m_nameObserver)
+        m_nameObserver->OnLayerRenamed(*this, oldName, m_name);
     m_mapModule->RegisterEventHandler(static_cast<IZoMapEventHandler*>(this), 0);
     return true;
 }

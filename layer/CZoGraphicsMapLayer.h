@@ -1,6 +1,7 @@
 #pragma once
 
 #include "object/CZoLock.h"
+#include "object/IZoNameObserver.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/IZoMapEventHandler.h>
@@ -58,6 +59,9 @@ public:
     int GetLevelLimit() const override { return m_levelLimit; }
     bool IsSimplifyEnabled() const override { return false; }
 
+    // Who keeps a name index of this layer: told when Initialise renames it.
+    void SetNameObserver(IZoNameObserver* observer) { m_nameObserver = observer; }
+
     // Returns the counter and advances it; kept for hosts that number things
     // per layer.
     int NextCounter() { return m_counter++; }
@@ -91,4 +95,5 @@ private:
     int m_nameMaxLod = 21;
     mutable CZoLock m_lock;
     std::map<int, IZoGraphicsMapObject*> m_objects;
+    IZoNameObserver* m_nameObserver = nullptr;
 };

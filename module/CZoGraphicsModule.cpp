@@ -1,6 +1,8 @@
 #include <ZoGraphics/CZoGraphicsModule.h>
 
 #include "layer/CZoGraphicsMapLayer.h"
+#include "module/CZoModuleNames.h"
+#include "object/IZoMapObjectInternal.h"
 #include "object/CZoLock.h"
 #include "object/ZoLogText.h"
 #include "shapes/dot/CZoDotMapObject.h"
@@ -17,6 +19,28 @@ namespace
 {
 constexpr const char* kClassName = "CZoGraphicsModule";
 
+// Erases the registry entry of value. Its key is normally the id it reports
+// now; a layer or object initialised a second time reports a newer id than
+// it was registered under, and must not stay behind as a dangling entry.
+template <class T>
+void EraseEntry(std::map<int, T*>& registry, int id, const T* value)
+{
+    const auto found = registry.find(id);
+    if (found != registry.end() && found->second == value)
+    {
+        registry.erase(found);
+        return;
+    }
+    for (auto it = registry.begin(); it != registry.end(); ++it)
+    {
+        if (it->second == value)
+        {
+            registry.erase(it);
+            return;
+        }
+    }
+}
+
 struct NoSetup
 {
     template <class T>
@@ -26,7 +50,10 @@ struct NoSetup
 };
 } // namespace
 
-CZoGraphicsModule::CZoGraphicsModule() : m_objectLock(std::make_unique<CZoLock>()), m_layerLock(std::make_unique<CZoLock>())
+CZoGraphicsModule::CZoGraphicsModule()
+    : m_objectLock(std::make_unique<CZoLock>()),
+      m_layerLock(std::make_unique<CZoLock>()),
+      m_names(std::make_unique<CZoModuleNames>(*m_objectLock, *m_layerLock))
 {
 }
 
@@ -37,7 +64,8 @@ CZoGraphicsModule::CZoGraphicsModule(const CZoGraphicsModule& other)
       m_uuid(other.m_uuid),
       m_mapModule(other.m_mapModule),
       m_objectLock(std::make_unique<CZoLock>()),
-      m_layerLock(std::make_unique<CZoLock>())
+      m_layerLock(std::make_unique<CZoLock>()),
+      m_names(std::make_unique<CZoModuleNames>(*m_objectLock, *m_layerLock))
 {
 }
 
@@ -53,7 +81,20 @@ CZoGraphicsModule& CZoGraphicsModule::operator=(const CZoGraphicsModule& other)
     return *this;
 }
 
-CZoGraphicsModule::~CZoGraphicsModule() = default;
+CZoGraphicsModule::~CZoGraphicsModule()
+{
+    // What the host left alive must not report renames to a module that is gone.
+    for (const auto& entry : m_objects)
+    {
+        if (CZoMapObjectCore* core = ZoObjectCore(entry.second))
+            core->SetNameObserver(nullptr);
+    }
+    for (const auto& entry : m_layers)
+    {
+        if (auto* layer = dynamic_cast<CZoGraphicsMapLayer*>(entry.second))
+            layer->SetNameObserver(nullptr);
+    }
+}
 
 bool CZoGraphicsModule::Initialise(const std::string& name, IZoMapModule* mapModule)
 {
@@ -93,6 +134,12 @@ void CZoGraphicsModule::Unintialise()
     }
     if (m_defaultLayer)
         DestroyGraphicsLayer(m_defaultLayer);
+    {
+        CZoLockGuard guard(*m_objectLock);
+        m_names->objects.Clear();
+    }
+    CZoLockGuard guard(*m_layerLock);
+    m_names->layers.Clear();
 }
 
 void CZoGraphicsModule::SetUUID(const std::string& uuid)
@@ -129,18 +176,16 @@ IZoGraphicsMapLayer* CZoGraphicsModule::CreateGraphicsLayer(const std::string& n
     }
     CZoLockGuard guard(*m_layerLock);
     m_layers[layer->GetLayerID()] = layer.get();
+    m_names->layers.Insert(layer->GetLayerName(), layer->GetLayerID(), layer.get());
+    layer->SetNameObserver(m_names.get());
     return layer.release();
 }
 
 IZoGraphicsMapLayer* CZoGraphicsModule::LookupGraphicsLayer(const std::string& name) const
 {
+    // Among equal names the layer created first wins.
     CZoLockGuard guard(*m_layerLock);
-    for (const auto& entry : m_layers)
-    {
-        if (entry.second && entry.second->GetLayerName() == name)
-            return entry.second;
-    }
-    return nullptr;
+    return m_names->layers.FindFirst<IZoGraphicsMapLayer>(name);
 }
 
 void CZoGraphicsModule::DestroyGraphicsLayer(IZoGraphicsMapLayer* layer)
@@ -151,7 +196,8 @@ void CZoGraphicsModule::DestroyGraphicsLayer(IZoGraphicsMapLayer* layer)
         m_defaultLayer = nullptr;
     {
         CZoLockGuard guard(*m_layerLock);
-        m_layers.erase(layer->GetLayerID());
+        EraseEntry(m_layers, layer->GetLayerID(), layer);
+        m_names->layers.Erase(layer->GetLayerName(), layer);
     }
     // The layer's objects stay registered (callers destroy them first), but
     // without a layer.
@@ -175,15 +221,10 @@ IZoGraphicsMapObject* CZoGraphicsModule::LookupGraphicObject(int id) const
 template <class Interface>
 Interface* CZoGraphicsModule::LookupTyped(const std::string& name) const
 {
-    // Ascending ids: among equal names the object created first wins.
+    // Ascending ids: among equal names the object created first wins, and a
+    // typed lookup passes over objects of other kinds.
     CZoLockGuard guard(*m_objectLock);
-    for (const auto& entry : m_objects)
-    {
-        auto* typed = dynamic_cast<Interface*>(entry.second);
-        if (typed && entry.second->GetName() == name)
-            return typed;
-    }
-    return nullptr;
+    return m_names->objects.FindFirst<Interface>(name);
 }
 
 void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
@@ -191,7 +232,8 @@ void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
     if (!object)
         return;
     CZoLockGuard guard(*m_objectLock);
-    m_objects.erase(object->GetObjectID());
+    EraseEntry(m_objects, object->GetObjectID(), object);
+    m_names->objects.Erase(object->GetName(), object);
     DestroyGraphicsMapObjectImpl(object);
 }
 
@@ -231,6 +273,8 @@ T* CZoGraphicsModule::CreateAndRegister(const std::string& name, IZoGraphicsMapL
     target->AttachMapObject(object.get());
     CZoLockGuard guard(*m_objectLock);
     m_objects[object->GetObjectID()] = object.get();
+    m_names->objects.Insert(object->GetName(), object->GetObjectID(), object.get());
+    object->Core().SetNameObserver(m_names.get());
     return object.release();
 }
 

@@ -1,5 +1,6 @@
 #include "object/CZoMapObjectCore.h"
 
+#include "object/IZoMapObjectInternal.h"
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
@@ -28,6 +29,12 @@ bool PixelScaleFromViewScale(double viewScale, double* k)
     return true;
 }
 } // namespace
+
+CZoMapObjectCore* ZoObjectCore(IZoGraphicsMapObject* object)
+{
+    auto* internal = dynamic_cast<IZoMapObjectInternal*>(object);
+    return internal ? &internal->Core() : nullptr;
+}
 
 CZoMapObjectCore::CZoMapObjectCore(IZoGraphicsMapObject& self, IKind& kind, const SZoObjectLogNames& names)
     : m_self(self), m_kind(kind), m_names(names)
@@ -123,7 +130,12 @@ void CZoMapObjectCore::SetMaxLodLevel(int level)
 
 void CZoMapObjectCore::SetName(const std::string& name)
 {
+    // The index is keyed by what GetName answers, which is the name after a
+    // round trip through the code page.
+    const std::string oldName = m_nameObserver ? GetName() : std::string();
     m_label.SetText(ConvertStdStringToQString(name, ZoGraphicsConstantNS::STR_CODE_PAGE));
+    if (m_nameObserver)
+        m_nameObserver->OnObjectRenamed(m_self, oldName, GetName());
     if (!m_item)
         return;
     PrepareGeometryChange();
@@ -133,6 +145,8 @@ void CZoMapObjectCore::SetName(const std::string& name)
 void CZoMapObjectCore::SetNameVisible(bool visible)
 {
     m_label.visible = visible;
+    if (!visible)
+        m_label.Release();
     if (!m_item)
         return;
     PrepareGeometryChange();
@@ -257,6 +271,9 @@ void CZoMapObjectCore::UpdateVisibility(int lod)
         }
         m_shown = inRange && layerInRange && layerVisible;
     }
+    // A label that no longer shows gives its measurement and look back.
+    if (!m_shown || !m_label.IsShownAt(lod, m_graphicsLayer))
+        m_label.Release();
     if (m_item)
     {
         m_item->GraphicsItem()->setVisible(m_shown);

@@ -2,6 +2,7 @@
 
 #include "object/CZoNameLabel.h"
 #include "object/IZoGraphicsItemImpl.h"
+#include "object/IZoNameObserver.h"
 
 #include <ZoGraphics/CZoVariantSetObject.h>
 #include <ZoGraphics/ZoCoreTypes.h>
@@ -74,6 +75,8 @@ public:
     IZoGraphicsMapLayer* GetGraphicsMapLayer() const { return m_graphicsLayer; }
 
     void SetName(const std::string& name);
+    // Who keeps a name index of this object: told of every rename.
+    void SetNameObserver(IZoNameObserver* observer) { m_nameObserver = observer; }
     CZoVariantSetObject& Properties() { return m_properties; }
     const CZoVariantSetObject& Properties() const { return m_properties; }
 
@@ -144,6 +147,7 @@ private:
     IZoGraphicsMapObject& m_self;
     IKind& m_kind;
     const SZoObjectLogNames& m_names;
+    IZoNameObserver* m_nameObserver = nullptr;
 
     int m_objectId = -1;
     IZoMapLayer* m_mapLayer = nullptr;

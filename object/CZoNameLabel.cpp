@@ -1,5 +1,6 @@
 #include "object/CZoNameLabel.h"
 
+#include "object/ZoLabelLook.h"
 #include "object/ZoTextPath.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
@@ -10,29 +11,39 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QStringList>
+#include <cmath>
 
 namespace
 {
-// A fresh font with the default request. Copying the shared constant would
-// carry the resolution it was built with before any application existed.
-QFont DefaultNameFont()
+// One font with the default request, made once the application exists and
+// shared by every label. Copying the shared constant would carry the
+// resolution it was built with before any application existed.
+const QFont& DefaultNameFont()
 {
-    const QFont& request = ZoGraphicsConstantNS::FONT_DEFAULT_NAME;
-    QFont font;
-    font.setFamily(request.family());
-    font.setPointSize(request.pointSize());
-    if (request.weight() >= 0)
-        font.setWeight(request.weight());
-    font.setItalic(request.italic());
+    static const QFont font = [] {
+        const QFont& request = ZoGraphicsConstantNS::FONT_DEFAULT_NAME;
+        QFont made;
+        made.setFamily(request.family());
+        made.setPointSize(request.pointSize());
+        if (request.weight() >= 0)
+            made.setWeight(request.weight());
+        made.setItalic(request.italic());
+        return made;
+    }();
     return font;
 }
 
-int WidestLine(const QFontMetrics& metrics, const QString& text)
+constexpr double kScaleUnit = 1024.0;
+constexpr double kPhaseUnit = 8.0;
+
+// The painter maps label pixels to device pixels by scaling and moving only,
+// with no window-viewport mapping: the case a finished look can serve.
+bool ScalesOnly(const QPainter* painter, QTransform* device)
 {
-    int widest = 0;
-    for (const QString& line : text.split(QLatin1Char('\n')))
-        widest = std::max(widest, metrics.horizontalAdvance(line));
-    return widest;
+    *device = painter->deviceTransform();
+    return device->type() <= QTransform::TxScale && device->m11() > 0.0 && device->m22() > 0.0 &&
+           !painter->viewTransformEnabled() && std::isfinite(device->m11()) && std::isfinite(device->m22()) &&
+           std::isfinite(device->dx()) && std::isfinite(device->dy());
 }
 } // namespace
 
@@ -46,34 +57,56 @@ CZoNameLabel::CZoNameLabel()
 void CZoNameLabel::SetText(const QString& newText)
 {
     text = newText;
-    Layout();
+    Forget();
 }
 
 void CZoNameLabel::SetFont(const QFont& newFont)
 {
     font = newFont;
-    Layout();
+    Forget();
 }
 
 void CZoNameLabel::SetOffset(float newOffset)
 {
     offset = newOffset;
-    Layout();
+    Forget();
 }
 
-void CZoNameLabel::Layout()
+void CZoNameLabel::Forget()
 {
-    QPainterPath path = ZoTextToPath(text, font, QFontMetricsF(font).lineSpacing());
-    path.translate(originX, originY);
-    textPath = path;
-    boundingRect = textPath.boundingRect();
+    m_measured = false;
+    m_look.reset();
+    m_glyphs.reset();
+}
+
+void CZoNameLabel::Release()
+{
+    ZoLabelLookCache::Forget(m_look.lock());
+    Forget();
+}
+
+void CZoNameLabel::Measure() const
+{
+    if (m_measured)
+        return;
     const QFontMetrics metrics(font);
-    m_textWidth = WidestLine(metrics, text);
+    int widest = 0;
+    int lines = 0;
+    for (const QString& line : text.split(QLatin1Char('\n')))
+    {
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+        ++lines;
+    }
+    m_textWidth = widest;
     m_textHeight = metrics.height();
+    m_ascent = metrics.ascent();
+    m_blockHeight = (lines - 1) * QFontMetricsF(font).lineSpacing() + metrics.height();
+    m_measured = true;
 }
 
 void CZoNameLabel::Place(EZoLabelPlacement placement, double x, double y)
 {
+    Measure();
     const double w = m_textWidth;
     const double h = m_textHeight;
     const double g = offset;
@@ -97,15 +130,14 @@ void CZoNameLabel::Place(EZoLabelPlacement placement, double x, double y)
     case EZoLabelPlacement::LeftBaseline: ox = x - g - w; oy = y; break;
     }
     // Origins pass through single precision, as the label record keeps them.
-    ox = static_cast<float>(ox);
-    oy = static_cast<float>(oy);
+    originX = static_cast<float>(ox);
+    originY = static_cast<float>(oy);
+}
 
-    // Moving a bounding rectangle gives exactly the moved path's, without
-    // walking the glyph outlines again.
-    textPath.translate(ox - originX, oy - originY);
-    boundingRect.translate(ox - originX, oy - originY);
-    originX = ox;
-    originY = oy;
+QRectF CZoNameLabel::TextRect() const
+{
+    Measure();
+    return QRectF(originX, originY - m_ascent, m_textWidth, m_blockHeight);
 }
 
 bool CZoNameLabel::IsShownAt(int lod, const IZoGraphicsMapLayer* layer) const
@@ -119,25 +151,80 @@ bool CZoNameLabel::IsShownAt(int lod, const IZoGraphicsMapLayer* layer) const
 
 void CZoNameLabel::Draw(QPainter* painter) const
 {
-    if (!painter || (originX == 0.0 && originY == 0.0))
+    if (!painter || (originX == 0.0 && originY == 0.0) || text.isEmpty())
         return;
     if (clipToRect && !(clipRect.isValid() && !clipRect.isEmpty() && clipRect.contains(QPointF(originX, originY))))
         return;
 
-    painter->save();
-    const QPen pen = IsEqual(outlineWidth, 0.0) ? QPen(Qt::NoPen)
-                                                : QPen(QBrush(outlineColor), outlineWidth * 2.5, Qt::SolidLine);
-    const QBrush brush(textColor, Qt::SolidPattern);
-    painter->setPen(pen);
-    painter->setBrush(brush);
-    painter->setFont(font);
-    if (!textPath.isEmpty())
+    QTransform device;
+    if (!ScalesOnly(painter, &device))
     {
-        // The halo is stroked under the glyphs, then the glyphs are filled on top.
-        painter->strokePath(textPath, pen);
-        painter->drawPath(textPath);
-        painter->fillPath(textPath, brush);
+        painter->save();
+        painter->translate(originX, originY);
+        ZoPaintLabelText(painter, text, font, textColor, outlineColor, outlineWidth);
+        painter->restore();
+        return;
     }
+
+    // The look is drawn at the device's scale and at the origin's sub-pixel
+    // phase, then put down pixel for pixel.
+    const QPointF at = device.map(QPointF(originX, originY));
+    double wholeX = std::floor(at.x());
+    double wholeY = std::floor(at.y());
+    int phaseX = static_cast<int>(std::lround((at.x() - wholeX) * kPhaseUnit));
+    int phaseY = static_cast<int>(std::lround((at.y() - wholeY) * kPhaseUnit));
+    if (phaseX == kPhaseUnit)
+    {
+        phaseX = 0;
+        wholeX += 1.0;
+    }
+    if (phaseY == kPhaseUnit)
+    {
+        phaseY = 0;
+        wholeY += 1.0;
+    }
+    const int scaleX = static_cast<int>(std::lround(device.m11() * kScaleUnit));
+    const int scaleY = static_cast<int>(std::lround(device.m22() * kScaleUnit));
+    if (scaleX <= 0 || scaleY <= 0 || std::abs(wholeX) > 1e9 || std::abs(wholeY) > 1e9)
+        return;
+    const bool antialias = painter->testRenderHint(QPainter::Antialiasing);
+
+    std::shared_ptr<const SZoLabelLook> look = m_look.lock();
+    if (!look || look->key.scaleX != scaleX || look->key.scaleY != scaleY || look->key.phaseX != phaseX ||
+        look->key.phaseY != phaseY || look->key.antialias != antialias || look->key.text != text ||
+        look->key.textColor != textColor.rgba() || look->key.outlineColor != outlineColor.rgba() ||
+        look->key.outlineWidth != outlineWidth || look->key.font != font)
+    {
+        SZoLabelLookKey key;
+        key.text = text;
+        key.font = font;
+        key.textColor = textColor.rgba();
+        key.outlineColor = outlineColor.rgba();
+        key.outlineWidth = outlineWidth;
+        key.scaleX = scaleX;
+        key.scaleY = scaleY;
+        key.phaseX = phaseX;
+        key.phaseY = phaseY;
+        key.antialias = antialias;
+        if (!m_glyphs)
+            m_glyphs = std::make_shared<const std::vector<SZoPlacedGlyph>>(
+                ZoLayOutText(text, font, QFontMetricsF(font).lineSpacing()));
+        look = ZoLabelLookCache::Obtain(key, *m_glyphs);
+        m_look = look;
+    }
+    else
+    {
+        look->MarkUsed();
+    }
+    if (look->image.isNull())
+        return;
+
+    painter->save();
+    // Device pixels: undo the device's own pixel ratio, which the painter
+    // applies after the world transform.
+    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    painter->setWorldTransform(QTransform::fromScale(1.0 / ratio, 1.0 / ratio));
+    painter->drawImage(QPointF(wholeX + look->offset.x(), wholeY + look->offset.y()), look->image);
     painter->restore();
 }
 

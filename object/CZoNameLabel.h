@@ -2,12 +2,15 @@
 
 #include <QColor>
 #include <QFont>
-#include <QPainterPath>
 #include <QRectF>
 #include <QString>
+#include <memory>
+#include <vector>
 
 class QPainter;
 class IZoGraphicsMapLayer;
+struct SZoLabelLook;
+struct SZoPlacedGlyph;
 
 // Where a label's text stands relative to its anchor point.
 enum class EZoLabelPlacement
@@ -27,28 +30,38 @@ enum class EZoLabelPlacement
     LeftBaseline,
 };
 
-// The name label every map object holds: its text laid out as glyph outlines,
-// where it sits, and how it is drawn. A value record; copies carry the path.
-// Coordinates are item pixels: painters are scaled by the pixel scale before
-// the label is drawn, so it keeps its on-screen size.
+// The name label every map object holds: its text, where it sits and how it
+// is drawn. A value record. Nothing is measured or drawn until the label is
+// placed and painted: a hidden label costs its fields only. Coordinates are
+// item pixels: painters are scaled by the pixel scale before the label is
+// drawn, so it keeps its on-screen size.
 class CZoNameLabel
 {
 public:
     CZoNameLabel();
 
+    // Each of these forgets the measurement and the finished look.
     void SetText(const QString& text);
     void SetFont(const QFont& font);
     void SetOffset(float offset);
 
-    // Rebuilds the text path from text and font, keeping the current origin.
-    void Layout();
     // Moves the text so that its origin follows the placement rule at (x, y).
     void Place(EZoLabelPlacement placement, double x, double y);
 
     // Text present, lod inside the label's range and, with a layer, inside the
     // layer's name range, and switched on.
     bool IsShownAt(int lod, const IZoGraphicsMapLayer* layer) const;
+    // Draws the halo and the text from the shared cache of finished looks,
+    // directly where the painter is rotated or sheared.
     void Draw(QPainter* painter) const;
+
+    // The text block in item pixels: from the origin's baseline up by the
+    // ascent, as wide as the widest line, as tall as its lines.
+    QRectF TextRect() const;
+    // Gives the measurement and the look back; the next Place measures anew.
+    void Release();
+    // Whether the label still refers to a finished look of its own.
+    bool HoldsLook() const { return !m_look.expired(); }
 
     bool visible = false;
     int minLod = 0;
@@ -62,14 +75,22 @@ public:
     QFont font;
     double originX = 0.0;
     double originY = 0.0;
-    QRectF boundingRect;
-    QPainterPath textPath;
     QString text;
 
 private:
-    // Width of the widest line and height of a line, measured at layout.
-    double m_textWidth = 0.0;
-    double m_textHeight = 0.0;
+    void Measure() const;
+    void Forget();
+
+    // Widest line, line height, ascent and line count, measured on demand.
+    mutable bool m_measured = false;
+    mutable float m_textWidth = 0.0f;
+    mutable float m_textHeight = 0.0f;
+    mutable float m_ascent = 0.0f;
+    mutable float m_blockHeight = 0.0f;
+    mutable std::weak_ptr<const SZoLabelLook> m_look;
+    // The text's glyphs, laid out on first use while the label shows: a look
+    // that leaves the cache is put together again without shaping the text.
+    mutable std::shared_ptr<const std::vector<SZoPlacedGlyph>> m_glyphs;
 };
 
 // A surface shape's label anchor for a side (0 top, 1 bottom, 2 left,

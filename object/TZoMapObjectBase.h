@@ -1,6 +1,7 @@
 #pragma once
 
 #include "object/CZoMapObjectCore.h"
+#include "object/IZoMapObjectInternal.h"
 
 #include <ZoGraphics/IZoGraphicsMapObject.h>
 
@@ -14,7 +15,7 @@
 //   CVector3D GetAnchor() const;       the geographic anchor
 //   QPointF ConvertAnchorToPixel();    the item position of the anchor
 template <class Interface, class Derived, class Item>
-class TZoMapObjectBase : public Interface
+class TZoMapObjectBase : public Interface, public IZoMapObjectInternal
 {
 public:
     TZoMapObjectBase() : m_kind(*this), m_core(*this, m_kind, Derived::kLogNames) {}
@@ -91,8 +92,8 @@ public:
     void Update() override { m_core.Update(); }
 
     // For the kind's own code and its Qt item.
-    CZoMapObjectCore& Core() { return m_core; }
-    const CZoMapObjectCore& Core() const { return m_core; }
+    CZoMapObjectCore& Core() final { return m_core; }
+    const CZoMapObjectCore& Core() const final { return m_core; }
     Item* GetItem() const { return static_cast<Item*>(m_core.ItemImpl()); }
 
 private:

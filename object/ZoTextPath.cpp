@@ -66,7 +66,7 @@ GlyphCache& Cache()
     return cache;
 }
 
-void AddLine(QPainterPath& path, const QString& line, const QFont& font, qreal baseline)
+void LayOutLine(std::vector<SZoPlacedGlyph>& glyphs, const QString& line, const QFont& font, qreal baseline)
 {
     if (line.isEmpty())
         return;
@@ -81,23 +81,36 @@ void AddLine(QPainterPath& path, const QString& line, const QFont& font, qreal b
     for (const QGlyphRun& run : layout.glyphRuns())
     {
         const QRawFont rawFont = run.rawFont();
-        const QVector<quint32> glyphs = run.glyphIndexes();
+        const QVector<quint32> indexes = run.glyphIndexes();
         const QVector<QPointF> positions = run.positions();
-        for (int i = 0; i < glyphs.size() && i < positions.size(); ++i)
-        {
-            QPainterPath glyph = Cache().Outline(rawFont, glyphs.at(i));
-            glyph.translate(positions.at(i) + shift);
-            path.addPath(glyph);
-        }
+        for (int i = 0; i < indexes.size() && i < positions.size(); ++i)
+            glyphs.push_back({rawFont, indexes.at(i), positions.at(i) + shift});
     }
 }
 } // namespace
 
+std::vector<SZoPlacedGlyph> ZoLayOutText(const QString& text, const QFont& font, qreal lineSpacing)
+{
+    std::vector<SZoPlacedGlyph> glyphs;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i)
+        LayOutLine(glyphs, lines.at(i), font, i * lineSpacing);
+    return glyphs;
+}
+
+QPainterPath ZoGlyphOutline(const QRawFont& font, quint32 glyph)
+{
+    return Cache().Outline(font, glyph);
+}
+
 QPainterPath ZoTextToPath(const QString& text, const QFont& font, qreal lineSpacing)
 {
     QPainterPath path;
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    for (int i = 0; i < lines.size(); ++i)
-        AddLine(path, lines.at(i), font, i * lineSpacing);
+    for (const SZoPlacedGlyph& placed : ZoLayOutText(text, font, lineSpacing))
+    {
+        QPainterPath outline = ZoGlyphOutline(placed.font, placed.glyph);
+        outline.translate(placed.position);
+        path.addPath(outline);
+    }
     return path;
 }

@@ -1,3 +1,5 @@
+#include "support/BenchRatios.h"
+
 #include <QApplication>
 #include <benchmark/benchmark.h>
 
@@ -11,7 +13,7 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
-    benchmark::RunSpecifiedBenchmarks();
+    ZoBench::RunWithRatios();
     benchmark::Shutdown();
     return 0;
 }

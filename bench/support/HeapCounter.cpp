@@ -36,6 +36,12 @@ HeapPeak::HeapPeak() : m_base(g_live.load()) { g_peak.store(m_base); }
 
 std::size_t HeapPeak::Bytes() const { return g_peak.load() - m_base; }
 
+std::size_t MallocLiveBytes()
+{
+    malloc_trim(0);
+    return mallinfo2().uordblks;
+}
+
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept

@@ -15,3 +15,7 @@ public:
 private:
     std::size_t m_base;
 };
+
+// Bytes the C heap has handed out and not yet taken back (malloc included:
+// Qt's containers allocate through it).
+std::size_t MallocLiveBytes();

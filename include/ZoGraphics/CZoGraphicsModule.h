@@ -8,6 +8,7 @@
 
 class IZoMapModule;
 class CZoLock;
+class CZoModuleNames;
 
 // The library's entry point: creates, finds and destroys graphics layers, map
 // objects and edit gadgets against a host map module. It owns every layer and
@@ -22,7 +23,8 @@ public:
     CZoGraphicsModule(const CZoGraphicsModule& other);
     CZoGraphicsModule& operator=(const CZoGraphicsModule& other);
     // Frees the locks and the registries' nodes; call Unintialise first to
-    // destroy the layers and objects.
+    // destroy the layers and objects. Objects and layers still alive stop
+    // reporting renames to it.
     ~CZoGraphicsModule() override;
 
     // Draws the module id and creates the default layer. Returns true even
@@ -127,4 +129,6 @@ private:
     std::unique_ptr<CZoLock> m_layerLock;
     std::map<int, IZoGraphicsMapLayer*> m_layers;
     IZoGraphicsMapLayer* m_defaultLayer = nullptr;
+    // Name lookups go through these indexes instead of walking the registries.
+    std::unique_ptr<CZoModuleNames> m_names;
 };

@@ -4,6 +4,7 @@
 
 #include <QVariant>
 #include <map>
+#include <memory>
 #include <string>
 
 // Keyed QVariant properties plus int-keyed user data, as every map object
@@ -27,6 +28,13 @@ public:
     void Clear();
 
 private:
-    std::map<std::string, QVariant> m_properties;
-    std::map<int, QVariant> m_userData;
+    struct Values
+    {
+        std::map<std::string, QVariant> properties;
+        std::map<int, QVariant> userData;
+    };
+    // Most objects never carry a property: the maps are made on the first one.
+    Values& Made();
+
+    std::unique_ptr<Values> m_values;
 };

@@ -6,6 +6,7 @@
 #include <ZoGraphics/ZoCoreUtility.h>
 
 #include <QPainter>
+#include <cmath>
 
 CDotItemQtImpl::CDotItemQtImpl(CZoDotMapObject* owner) : TZoGraphicsItem(owner) {}
 
@@ -14,17 +15,23 @@ QRectF CDotItemQtImpl::ShapeRect(double s) const
     if (IsEqual(m_owner->GetRadius(), 0.0))
         return QRectF();
     const double r = (m_owner->GetRadius() + m_owner->GetPenWidth()) * s;
+    // Nothing that is not a number may reach the scene's index.
+    if (!std::isfinite(r))
+        return QRectF();
     return QRectF(-r, -r, 2 * r, 2 * r);
 }
 
 QRectF CDotItemQtImpl::boundingRect() const
 {
-    return m_owner->Core().IsSuppressed() ? QRectF() : m_shape.controlPointRect();
+    return m_owner->Core().IsSuppressed() ? QRectF() : m_shapeRect;
 }
 
 QPainterPath CDotItemQtImpl::shape() const
 {
-    return m_owner->Core().IsSuppressed() ? QPainterPath() : m_shape;
+    QPainterPath path;
+    if (!m_owner->Core().IsSuppressed() && !m_shapeRect.isNull())
+        path.addEllipse(m_shapeRect);
+    return path;
 }
 
 void CDotItemQtImpl::RebuildShape(bool forced)
@@ -33,12 +40,10 @@ void CDotItemQtImpl::RebuildShape(bool forced)
     if (!forced && core.IsSuppressed())
         return;
     // A dot of radius 0 lays nothing out, its name included.
-    QPainterPath path;
-    if (!IsEqual(m_owner->GetRadius(), 0.0))
-        path.addEllipse(ShapeRect(core.PixelScale()));
-    if (path.controlPointRect() != m_shape.controlPointRect())
+    const QRectF rect = IsEqual(m_owner->GetRadius(), 0.0) ? QRectF() : ShapeRect(core.PixelScale());
+    if (rect != m_shapeRect)
         prepareGeometryChange();
-    m_shape = path;
+    m_shapeRect = rect;
     RebuildName(forced);
 }
 

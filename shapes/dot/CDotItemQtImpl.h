@@ -29,5 +29,7 @@ private:
     // The circle the shape covers: radius plus pen width, times s.
     QRectF ShapeRect(double s) const;
 
-    QPainterPath m_shape;
+    // The shape is a circle: its box is all that is kept, and the path is
+    // made when Qt asks for it (hit tests), so that a dot costs little memory.
+    QRectF m_shapeRect;
 };

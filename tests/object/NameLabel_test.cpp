@@ -57,15 +57,13 @@ TEST(NameLabel, PlacementsPutTheOriginWhereTheirRulesSay)
         {EZoLabelPlacement::LeftBelow, x - g - w, y + h},
         {EZoLabelPlacement::LeftBaseline, x - g - w, y},
     };
-    const QRectF unplaced = LabelWith(QStringLiteral("Name"), 3.0f).boundingRect;
     for (const Case& c : cases)
     {
         label.Place(c.placement, x, y);
         EXPECT_EQ(label.originX, static_cast<double>(static_cast<float>(c.ox))) << int(c.placement);
         EXPECT_EQ(label.originY, static_cast<double>(static_cast<float>(c.oy))) << int(c.placement);
-        // The text moves with its origin, however often it is placed.
-        EXPECT_NEAR(label.boundingRect.left(), unplaced.left() + label.originX, 1e-6);
-        EXPECT_NEAR(label.boundingRect.top(), unplaced.top() + label.originY, 1e-6);
+        // The text block moves with its origin, however often it is placed.
+        EXPECT_EQ(label.TextRect(), QRectF(label.originX, label.originY - metrics.ascent(), w, h));
     }
 }
 
@@ -73,14 +71,17 @@ TEST(NameLabel, RelayoutKeepsTheOriginAndLineFeedsMakeLines)
 {
     CZoNameLabel label = LabelWith(QStringLiteral("one"), 0.0f);
     label.Place(EZoLabelPlacement::RightBaseline, 20, 30);
-    const double singleHeight = label.boundingRect.height();
+    const double singleHeight = label.TextRect().height();
     label.SetText(QStringLiteral("one\ntwo"));
     EXPECT_EQ(label.originX, 20.0);
     EXPECT_EQ(label.originY, 30.0);
-    EXPECT_GT(label.boundingRect.height(), 1.8 * singleHeight);
-    EXPECT_NEAR(label.boundingRect.left(), 20.0, 2.0);
+    EXPECT_GT(label.TextRect().height(), 1.8 * singleHeight);
+    EXPECT_EQ(label.TextRect().left(), 20.0);
     label.SetText(QStringLiteral("one\n\nthree"));
-    EXPECT_GT(label.boundingRect.height(), 2.8 * singleHeight);
+    EXPECT_GT(label.TextRect().height(), 2.8 * singleHeight);
+    // Widest line, not the whole text.
+    label.SetText(QStringLiteral("a\nwidest line\nb"));
+    EXPECT_EQ(label.TextRect().width(), QFontMetrics(label.font).horizontalAdvance(QStringLiteral("widest line")));
 }
 
 TEST(NameLabel, ShownOnlyWithTextInsideBothRangesAndSwitchedOn)

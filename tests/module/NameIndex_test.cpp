@@ -1,0 +1,123 @@
+#include "support/ModuleFixture.h"
+
+#include <map>
+#include <random>
+
+// Lookups by name answer from an index that renames and destroys keep
+// current; these tests hold it against the plain rule: among the live objects
+// carrying the name (after its round trip through the code page), the one
+// with the smallest id.
+class NameIndex : public ModuleFixture
+{
+};
+
+TEST_F(NameIndex, RenamesTakeEffectAtOnceAndDestroyedObjectsAreGone)
+{
+    IZoDotMapObject* a = module.CreateDotMapObject("a", nullptr);
+    IZoDotMapObject* b = module.CreateDotMapObject("b", nullptr);
+    a->SetName("b");
+    EXPECT_EQ(module.LookupGraphicObject("a"), nullptr);
+    // a is older than b: it wins the name it has just taken.
+    EXPECT_EQ(module.LookupGraphicObject("b"), a);
+    EXPECT_EQ(module.LookupDotMapObject("b"), a);
+    a->SetName("b"); // the same name again changes nothing
+    EXPECT_EQ(module.LookupGraphicObject("b"), a);
+    module.DestroyGraphicsMapObject(a);
+    EXPECT_EQ(module.LookupGraphicObject("b"), b);
+    b->SetName("");
+    EXPECT_EQ(module.LookupGraphicObject("b"), nullptr);
+    EXPECT_EQ(module.LookupGraphicObject(""), b);
+    EXPECT_EQ(module.LookupCircleMapObject(""), nullptr);
+}
+
+TEST_F(NameIndex, NamesAreFoundUnderWhatGetNameAnswers)
+{
+    // Bytes that are not GB18030 come back changed from the round trip; the
+    // object is found under the name it reports.
+    IZoDotMapObject* dot = module.CreateDotMapObject("ok", nullptr);
+    dot->SetName(std::string("\x81\x20\xff", 3));
+    const std::string reported = dot->GetName();
+    EXPECT_EQ(module.LookupGraphicObject(reported), dot);
+    EXPECT_EQ(module.LookupGraphicObject("ok"), nullptr);
+}
+
+TEST_F(NameIndex, LayersAreFoundByNameUntilDestroyed)
+{
+    IZoGraphicsMapLayer* roads = module.CreateGraphicsLayer("roads");
+    IZoGraphicsMapLayer* roads2 = module.CreateGraphicsLayer("roads");
+    EXPECT_EQ(module.LookupGraphicsLayer("roads"), roads);
+    // Initialise is the only way a layer changes its name.
+    ASSERT_TRUE(roads->Initialise("rivers", &map, &module));
+    EXPECT_EQ(module.LookupGraphicsLayer("rivers"), roads);
+    EXPECT_EQ(module.LookupGraphicsLayer("roads"), roads2);
+    module.DestroyGraphicsLayer(roads2);
+    EXPECT_EQ(module.LookupGraphicsLayer("roads"), nullptr);
+    module.DestroyGraphicsLayer(roads);
+    EXPECT_EQ(module.LookupGraphicsLayer("rivers"), nullptr);
+}
+
+TEST_F(NameIndex, ObjectsOutlivingTheirModuleCanStillBeRenamed)
+{
+    auto graphics = std::make_unique<CZoGraphicsModule>();
+    graphics->Initialise("short-lived", &map);
+    IZoDotMapObject* dot = graphics->CreateDotMapObject("orphan", nullptr);
+    IZoGraphicsMapLayer* layer = graphics->CreateGraphicsLayer("orphans");
+    // The destructor leaves objects and layers alone; they must not report to it.
+    graphics.reset();
+    dot->SetName("renamed");
+    ASSERT_TRUE(layer->Initialise("renamed", &map, nullptr));
+    EXPECT_EQ(dot->GetName(), "renamed");
+    dot->Unintialise();
+    delete dot;
+    layer->Unintialise();
+    delete layer;
+}
+
+// Long random sequences of creations, renames and destructions, each followed
+// by lookups compared with a plain model.
+TEST_F(NameIndex, RandomSequencesAgreeWithAPlainModel)
+{
+    std::mt19937 random(7);
+    auto name = [&random] { return "n" + std::to_string(std::uniform_int_distribution<int>(0, 11)(random)); };
+    IZoGraphicsMapLayer* other = module.CreateGraphicsLayer("other");
+    std::map<int, std::pair<IZoDotMapObject*, std::string>> model; // id -> object, name
+    for (int step = 0; step < 4000; ++step)
+    {
+        const int action = std::uniform_int_distribution<int>(0, 9)(random);
+        if (action < 4 || model.empty())
+        {
+            const std::string n = name();
+            IZoDotMapObject* dot = module.CreateDotMapObject(n, action % 2 ? other : nullptr);
+            ASSERT_NE(dot, nullptr);
+            model[dot->GetObjectID()] = {dot, n};
+        }
+        else
+        {
+            auto it = model.begin();
+            std::advance(it, std::uniform_int_distribution<size_t>(0, model.size() - 1)(random));
+            if (action < 7)
+            {
+                it->second.second = name();
+                it->second.first->SetName(it->second.second);
+            }
+            else
+            {
+                module.DestroyGraphicsMapObject(it->second.first);
+                model.erase(it);
+            }
+        }
+        const std::string probe = name();
+        IZoDotMapObject* expected = nullptr;
+        for (const auto& entry : model)
+        {
+            if (entry.second.second == probe)
+            {
+                expected = entry.second.first;
+                break;
+            }
+        }
+        ASSERT_EQ(module.LookupGraphicObject(probe), expected) << "step " << step << " name " << probe;
+        ASSERT_EQ(module.LookupDotMapObject(probe), expected) << "step " << step;
+        ASSERT_EQ(module.LookupCircleMapObject(probe), nullptr);
+    }
+}

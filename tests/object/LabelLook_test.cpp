@@ -1,0 +1,154 @@
+#include "object/CZoNameLabel.h"
+#include "object/ZoLabelLook.h"
+#include "support/ImageCompare.h"
+
+#include <QPainter>
+#include <gtest/gtest.h>
+
+namespace
+{
+CZoNameLabel Label(const QString& text)
+{
+    CZoNameLabel label;
+    label.font = QFont(QStringLiteral("DejaVu Sans"), 11);
+    label.SetText(text);
+    label.visible = true;
+    label.outlineColor = QColor(20, 40, 220);
+    label.textColor = QColor(230, 30, 30);
+    label.outlineWidth = 1.5;
+    return label;
+}
+
+// The label drawn through its finished look, or the same text drawn stroke by
+// stroke straight into the image, under the same painter set-up.
+QImage Render(const CZoNameLabel& label, const QTransform& transform, bool throughLook)
+{
+    QImage image = BlankCanvas(160, 80);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(transform);
+    if (throughLook)
+    {
+        label.Draw(&painter);
+    }
+    else
+    {
+        painter.translate(label.originX, label.originY);
+        ZoPaintLabelText(&painter, label.text, label.font, label.textColor, label.outlineColor, label.outlineWidth);
+    }
+    painter.end();
+    return image;
+}
+
+int DifferingPixels(const QImage& a, const QImage& b, int tolerance)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y)
+    {
+        for (int x = 0; x < a.width(); ++x)
+        {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            count += std::abs(qRed(p) - qRed(q)) > tolerance || std::abs(qGreen(p) - qGreen(q)) > tolerance ||
+                     std::abs(qBlue(p) - qBlue(q)) > tolerance;
+        }
+    }
+    return count;
+}
+
+class LabelLook : public ::testing::Test
+{
+protected:
+    void SetUp() override { ZoLabelLookCache::Clear(); }
+    void TearDown() override
+    {
+        ZoLabelLookCache::SetLimit(64u << 20);
+        ZoLabelLookCache::Clear();
+    }
+};
+} // namespace
+
+// Whatever the scale and the sub-pixel position, a label put down from its
+// look matches the label drawn stroke by stroke.
+TEST_F(LabelLook, LooksMatchDirectDrawingAtEveryPhaseAndScale)
+{
+    CZoNameLabel label = Label(QStringLiteral("Qingdao\nline two"));
+    const QTransform transforms[] = {
+        QTransform(),
+        QTransform::fromTranslate(0.5, 0.25),
+        QTransform::fromTranslate(0.375, 0.875),
+        QTransform::fromScale(2.0, 2.0),
+        QTransform::fromScale(0.5, 0.5) * QTransform::fromTranslate(3.5, 1.0),
+        QTransform().rotate(12.0), // drawn directly: the same strokes exactly
+    };
+    for (const QTransform& transform : transforms)
+    {
+        label.Place(EZoLabelPlacement::RightBaseline, 8.0, 22.0);
+        const QImage direct = Render(label, transform, false);
+        const QImage viaLook = Render(label, transform, true);
+        // Looks are put together glyph by glyph: where two glyphs' halos
+        // overlap at their antialiased rims, a few pixels blend a little
+        // differently from one stroke over the whole text.
+        EXPECT_EQ(DifferingPixels(direct, viaLook, 40), 0) << transform.dx() << " " << transform.m11();
+        EXPECT_LE(DifferingPixels(direct, viaLook, 16), 30) << transform.dx() << " " << transform.m11();
+    }
+}
+
+TEST_F(LabelLook, ChangedStylesAndTextsGetLooksOfTheirOwn)
+{
+    CZoNameLabel label = Label(QStringLiteral("AB"));
+    label.outlineWidth = 0.0;
+    label.Place(EZoLabelPlacement::RightBaseline, 10, 40);
+    auto countColour = [](const QImage& image, QRgb colour) {
+        int n = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                n += image.pixel(x, y) == colour;
+        return n;
+    };
+    const QImage red = Render(label, QTransform(), true);
+    EXPECT_GT(countColour(red, qRgb(230, 30, 30)), 20);
+    label.textColor = QColor(0, 160, 0);
+    const QImage green = Render(label, QTransform(), true);
+    EXPECT_EQ(countColour(green, qRgb(230, 30, 30)), 0);
+    EXPECT_GT(countColour(green, qRgb(0, 160, 0)), 20);
+    label.SetText(QStringLiteral("ABCDEFGH"));
+    label.Place(EZoLabelPlacement::RightBaseline, 10, 40);
+    EXPECT_GT(countColour(Render(label, QTransform(), true), qRgb(0, 160, 0)), 2 * countColour(green, qRgb(0, 160, 0)));
+}
+
+TEST_F(LabelLook, AReleasedLabelGivesItsLookBack)
+{
+    CZoNameLabel label = Label(QStringLiteral("released"));
+    label.Place(EZoLabelPlacement::RightBaseline, 10, 30);
+    EXPECT_FALSE(label.HoldsLook());
+    Render(label, QTransform(), true);
+    EXPECT_TRUE(label.HoldsLook());
+    EXPECT_GT(ZoLabelLookCache::Bytes(), 0u);
+    label.Release();
+    EXPECT_FALSE(label.HoldsLook());
+    EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
+}
+
+TEST_F(LabelLook, TheCacheStaysWithinItsBoundDroppingTheLeastRecentlyUsed)
+{
+    // Digits share one advance: the three looks have about the same size, and
+    // the bound holds two of them but not three.
+    CZoNameLabel first = Label(QStringLiteral("label 1"));
+    CZoNameLabel second = Label(QStringLiteral("label 2"));
+    CZoNameLabel third = Label(QStringLiteral("label 3"));
+    for (CZoNameLabel* label : {&first, &second, &third})
+        label->Place(EZoLabelPlacement::RightBaseline, 5, 30);
+    Render(first, QTransform(), true);
+    Render(second, QTransform(), true);
+    ZoLabelLookCache::SetLimit(ZoLabelLookCache::Bytes() * 5 / 4);
+    Render(first, QTransform(), true); // first is used again: second is now the oldest
+    Render(third, QTransform(), true);
+    EXPECT_LE(ZoLabelLookCache::Bytes(), ZoLabelLookCache::Limit());
+    EXPECT_TRUE(first.HoldsLook());
+    EXPECT_FALSE(second.HoldsLook());
+    EXPECT_TRUE(third.HoldsLook());
+    // An evicted look is drawn again on demand.
+    const QImage again = Render(second, QTransform(), true);
+    EXPECT_NE(again, BlankCanvas(160, 80).convertToFormat(again.format()));
+}
