@@ -1,11 +1,18 @@
 #include "layer/CZoGraphicsMapLayer.h"
 
+#include "object/CZoMapObjectCore.h"
+#include "object/IZoMapObjectInternal.h"
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoGraphicsMapObject.h>
 #include <ZoGraphics/IZoGraphicsModule.h>
 #include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/ZoCoreUtility.h>
+
+#include <QGraphicsItem>
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
 
 namespace
 {
@@ -47,15 +54,32 @@ void CZoGraphicsMapLayer::Unintialise()
     {
         CZoLockGuard guard(m_lock);
         m_objects.clear();
+        m_walkStale = true;
     }
     m_mapModule = nullptr;
 }
 
-void CZoGraphicsMapLayer::ForEachObject(const std::function<void(IZoGraphicsMapObject*)>& f)
+const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked()
+{
+    if (m_walkStale)
+    {
+        m_walk.clear();
+        m_walk.reserve(m_objects.size());
+        for (const auto& entry : m_objects)
+            m_walk.push_back(entry.second);
+        m_walkStale = false;
+    }
+    return m_walk;
+}
+
+template <class F>
+void CZoGraphicsMapLayer::ForEachObject(F f)
 {
     CZoLockGuard guard(m_lock);
-    for (const auto& entry : m_objects)
-        f(entry.second);
+    // A copy: f may detach objects (and so change the map) on the way.
+    const std::vector<IZoGraphicsMapObject*> walk = WalkLocked();
+    for (IZoGraphicsMapObject* object : walk)
+        f(object);
 }
 
 void CZoGraphicsMapLayer::SetInScene(bool inScene)
@@ -97,6 +121,8 @@ bool CZoGraphicsMapLayer::AttachMapObject(IZoGraphicsMapObject* object)
         CZoLockGuard guard(m_lock);
         if (!m_objects.emplace(object->GetObjectID(), object).second)
             return true;
+        m_walkStale = true;
+        m_labelsDirty = true;
     }
     if (m_autoAdd)
         object->AddToScene();
@@ -123,6 +149,8 @@ bool CZoGraphicsMapLayer::DetachMapObject(IZoGraphicsMapObject* object)
     if (found == m_objects.end())
         return true;
     m_objects.erase(found);
+    m_walkStale = true;
+    m_labelsDirty = true;
     guard.Unlock();
     object->RemoveFromScene();
     return true;
@@ -134,6 +162,7 @@ bool CZoGraphicsMapLayer::DetachAllMapObjects()
     for (const auto& entry : m_objects)
         entry.second->RemoveFromScene();
     m_objects.clear();
+    m_walkStale = true;
     return true;
 }
 
@@ -147,6 +176,7 @@ bool CZoGraphicsMapLayer::DestroyAllMapObjects()
         // object from this layer without finding it again.
         CZoLockGuard guard(m_lock);
         objects.swap(m_objects);
+        m_walkStale = true;
     }
     for (const auto& entry : objects)
         m_graphicsModule->DestroyGraphicsMapObject(entry.second);
@@ -171,14 +201,135 @@ bool CZoGraphicsMapLayer::OnViewScaleChanged(double scale)
     return false;
 }
 
+// The view moved: every object follows, but their labels keep their places
+// relative to each other, so the decluttering decision stands. Changes of
+// scale and level come with events of their own, which decide anew.
 bool CZoGraphicsMapLayer::OnViewChanged()
 {
+    const bool labelsDirty = m_labelsDirty;
     ForEachObject([](IZoGraphicsMapObject* object) { object->UpdatePosition(); });
+    m_labelsDirty = labelsDirty;
     return false;
 }
 
 bool CZoGraphicsMapLayer::OnViewMoved()
 {
+    const bool labelsDirty = m_labelsDirty;
     ForEachObject([](IZoGraphicsMapObject* object) { object->UpdatePosition(); });
+    m_labelsDirty = labelsDirty;
     return false;
+}
+
+void CZoGraphicsMapLayer::SetLabelDeclutter(bool enabled)
+{
+    if (enabled == m_declutter)
+        return;
+    m_declutter = enabled;
+    m_labelsDirty = true;
+    ForEachObject([](IZoGraphicsMapObject* object) {
+        if (CZoMapObjectCore* core = ZoObjectCore(object))
+            core->SetLabelDecluttered(false);
+        object->Update();
+    });
+}
+
+namespace
+{
+struct LabelCandidate
+{
+    CZoMapObjectCore* core;
+    int z;
+    int id;
+    QRectF box; // screen pixels, halo included
+};
+
+// Screen space in square cells; each cell lists the placed boxes that touch it.
+class PlacedLabels
+{
+public:
+    bool Overlaps(const QRectF& box) const
+    {
+        bool hit = false;
+        ForCells(box, [&](qint64 cell) {
+            const auto found = m_cells.find(cell);
+            if (found == m_cells.end())
+                return;
+            for (int index : found->second)
+                hit = hit || m_boxes[index].intersects(box);
+        });
+        return hit;
+    }
+    void Place(const QRectF& box)
+    {
+        const int index = static_cast<int>(m_boxes.size());
+        m_boxes.push_back(box);
+        ForCells(box, [&](qint64 cell) { m_cells[cell].push_back(index); });
+    }
+
+private:
+    static constexpr double kCell = 64.0;
+    template <class F>
+    static void ForCells(const QRectF& box, F f)
+    {
+        const qint64 x0 = static_cast<qint64>(std::floor(box.left() / kCell));
+        const qint64 x1 = static_cast<qint64>(std::floor(box.right() / kCell));
+        const qint64 y0 = static_cast<qint64>(std::floor(box.top() / kCell));
+        const qint64 y1 = static_cast<qint64>(std::floor(box.bottom() / kCell));
+        for (qint64 y = y0; y <= y1; ++y)
+            for (qint64 x = x0; x <= x1; ++x)
+                f((y << 32) ^ (x & 0xffffffff));
+    }
+    std::vector<QRectF> m_boxes;
+    std::unordered_map<qint64, std::vector<int>> m_cells;
+};
+} // namespace
+
+void CZoGraphicsMapLayer::ArrangeLabels()
+{
+    if (!m_declutter || !m_labelsDirty || !m_mapModule)
+        return;
+    CZoLockGuard guard(m_lock);
+    m_labelsDirty = false;
+    const int lod = m_mapModule->GetCurrentLodLevel();
+    const double viewScale = m_mapModule->GetViewScale();
+    if (!(viewScale > 0.0) || !std::isfinite(viewScale))
+        return;
+
+    std::vector<LabelCandidate> candidates;
+    for (IZoGraphicsMapObject* object : WalkLocked())
+    {
+        CZoMapObjectCore* core = ZoObjectCore(object);
+        if (!core)
+            continue;
+        const bool before = core->IsLabelDecluttered();
+        core->SetLabelDecluttered(false);
+        QGraphicsItem* item = core->GetQtItem();
+        const CZoNameLabel& label = core->Label();
+        if (!item || !core->IsInScene() || !core->IsShown() || !label.IsShownAt(lod, this) ||
+            (label.originX == 0.0 && label.originY == 0.0))
+            continue;
+        const double halo = IsEqual(label.outlineWidth, 0.0) ? 0.0 : label.outlineWidth * 2.5 / 2.0;
+        const QRectF text = label.TextRect().adjusted(-halo, -halo, halo, halo);
+        const QPointF at = item->pos() * viewScale;
+        if (!std::isfinite(at.x()) || !std::isfinite(at.y()))
+            continue;
+        candidates.push_back({core, core->GetZValue(), core->GetObjectID(), text.translated(at)});
+        core->SetLabelDecluttered(before); // until decided below
+    }
+    // Higher z first, then lower id; the walk is already in id order.
+    std::stable_sort(candidates.begin(), candidates.end(),
+                     [](const LabelCandidate& a, const LabelCandidate& b) { return a.z > b.z; });
+    PlacedLabels placed;
+    for (const LabelCandidate& candidate : candidates)
+    {
+        const bool hidden = placed.Overlaps(candidate.box);
+        if (!hidden)
+            placed.Place(candidate.box);
+        if (hidden != candidate.core->IsLabelDecluttered())
+        {
+            candidate.core->SetLabelDecluttered(hidden);
+            // Drawn elsewhere with the old decision: paint it again.
+            candidate.core->Update();
+        }
+    }
 }

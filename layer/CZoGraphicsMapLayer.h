@@ -1,18 +1,23 @@
 #pragma once
 
 #include "object/CZoLock.h"
+#include "object/IZoLabelArranger.h"
 #include "object/IZoNameObserver.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
+#include <ZoGraphics/IZoLabelDeclutter.h>
 #include <ZoGraphics/IZoMapEventHandler.h>
 
-#include <functional>
 #include <map>
+#include <vector>
 
 // A layer of map objects. It refers to its objects without owning them, adds
 // its visibility and LOD ranges on top of theirs, and passes the host map's
-// view changes on to every one of them.
-class CZoGraphicsMapLayer final : public IZoGraphicsMapLayer, public IZoMapEventHandler
+// view changes on to every one of them. On request it declutters their labels.
+class CZoGraphicsMapLayer final : public IZoGraphicsMapLayer,
+                                  public IZoMapEventHandler,
+                                  public IZoLabelDeclutter,
+                                  public IZoLabelArranger
 {
 public:
     CZoGraphicsMapLayer();
@@ -66,14 +71,25 @@ public:
     // per layer.
     int NextCounter() { return m_counter++; }
 
+    void SetLabelDeclutter(bool enabled) override;
+    bool IsLabelDeclutter() const override { return m_declutter; }
+    bool IsArrangingLabels() const override { return m_declutter; }
+    void InvalidateLabels() override { m_labelsDirty = true; }
+    void ArrangeLabels() override;
+
     bool OnLodLevelChanged(int lod) override;
     bool OnViewScaleChanged(double scale) override;
     bool OnViewChanged() override;
     bool OnViewMoved() override;
 
 private:
-    // Calls f on every object in ascending id order, under the lock.
-    void ForEachObject(const std::function<void(IZoGraphicsMapObject*)>& f);
+    // Calls f on every object in ascending id order, under the lock. Walks go
+    // over a flat copy of the map, made again after the map changes: a view
+    // change visits every object, and a tree of scattered nodes is slow to walk.
+    template <class F>
+    void ForEachObject(F f);
+    const std::vector<IZoGraphicsMapObject*>& WalkLocked();
+
 
     std::string m_uuid;
     IZoMapModule* m_mapModule = nullptr;
@@ -95,5 +111,9 @@ private:
     int m_nameMaxLod = 21;
     mutable CZoLock m_lock;
     std::map<int, IZoGraphicsMapObject*> m_objects;
+    std::vector<IZoGraphicsMapObject*> m_walk;
+    bool m_walkStale = true;
     IZoNameObserver* m_nameObserver = nullptr;
+    bool m_declutter = false;
+    bool m_labelsDirty = true;
 };

@@ -101,8 +101,12 @@ void CZoMapObjectCore::Unintialise()
 
 void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
 {
+    InvalidateLabels();
     m_mapLayer = layer;
     m_graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
+    m_labelArranger = dynamic_cast<IZoLabelArranger*>(layer);
+    m_labelDecluttered = false;
+    InvalidateLabels();
 }
 
 std::string CZoMapObjectCore::GetName() const
@@ -198,11 +202,14 @@ void CZoMapObjectCore::SetNameOutlineColor(const QColor& color)
 void CZoMapObjectCore::SetNameOutlineWidth(double width)
 {
     m_label.outlineWidth = width;
+    InvalidateLabels(); // the halo is part of what must not overlap
     Update();
 }
 
 void CZoMapObjectCore::SetZValue(int z)
 {
+    if (z != m_zValue)
+        InvalidateLabels();
     m_zValue = z;
     if (m_item)
         m_item->GraphicsItem()->setZValue(z);
@@ -271,6 +278,7 @@ void CZoMapObjectCore::UpdateVisibility(int lod)
         }
         m_shown = inRange && layerInRange && layerVisible;
     }
+    InvalidateLabels();
     // A label that no longer shows gives its measurement and look back.
     if (!m_shown || !m_label.IsShownAt(lod, m_graphicsLayer))
         m_label.Release();
@@ -292,6 +300,7 @@ void CZoMapObjectCore::SetResolution(double scale)
 
 void CZoMapObjectCore::UpdatePosition()
 {
+    InvalidateLabels();
     if (m_item)
         m_item->GraphicsItem()->setPos(m_kind.AnchorToPixel());
 }
@@ -337,6 +346,7 @@ void CZoMapObjectCore::AddToScene()
 {
     if (m_inScene)
         return;
+    InvalidateLabels();
     QGraphicsScene* scene = m_mapModule ? m_mapModule->GetScene() : nullptr;
     if (!scene)
         return;
@@ -353,6 +363,7 @@ void CZoMapObjectCore::AddToScene()
 
 void CZoMapObjectCore::RemoveFromScene()
 {
+    InvalidateLabels();
     if (m_item && m_inScene)
     {
         QGraphicsItem* item = m_item->GraphicsItem();
@@ -428,6 +439,7 @@ void CZoMapObjectCore::PrepareGeometryChange()
 
 void CZoMapObjectCore::RebuildAndRepaint(bool forced)
 {
+    InvalidateLabels();
     if (!m_item)
         return;
     m_item->RebuildShape(forced);
@@ -436,6 +448,7 @@ void CZoMapObjectCore::RebuildAndRepaint(bool forced)
 
 void CZoMapObjectCore::RelayoutNameAndRepaint(bool forced)
 {
+    InvalidateLabels();
     if (!m_item)
         return;
     m_item->RebuildName(forced);
@@ -446,6 +459,14 @@ void CZoMapObjectCore::PaintName(QPainter* painter, const CZoNameLabel& label, d
 {
     if (!painter || !label.IsShownAt(lod, m_graphicsLayer))
         return;
+    // Decluttering concerns the label as placed in the scene; canvases draw
+    // copies of it and keep every label.
+    if (&label == &m_label && m_labelArranger && m_labelArranger->IsArrangingLabels())
+    {
+        m_labelArranger->ArrangeLabels();
+        if (m_labelDecluttered)
+            return;
+    }
     painter->save();
     painter->scale(s, s);
     label.Draw(painter);

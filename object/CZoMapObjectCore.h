@@ -2,6 +2,7 @@
 
 #include "object/CZoNameLabel.h"
 #include "object/IZoGraphicsItemImpl.h"
+#include "object/IZoLabelArranger.h"
 #include "object/IZoNameObserver.h"
 
 #include <ZoGraphics/CZoVariantSetObject.h>
@@ -77,6 +78,16 @@ public:
     void SetName(const std::string& name);
     // Who keeps a name index of this object: told of every rename.
     void SetNameObserver(IZoNameObserver* observer) { m_nameObserver = observer; }
+    // Set by a decluttering layer: the label would overlap one of higher
+    // priority and is not drawn in the scene.
+    void SetLabelDecluttered(bool decluttered) { m_labelDecluttered = decluttered; }
+    bool IsLabelDecluttered() const { return m_labelDecluttered; }
+    // The label may have moved or changed: a decluttering layer decides anew.
+    void InvalidateLabels()
+    {
+        if (m_labelArranger)
+            m_labelArranger->InvalidateLabels();
+    }
     CZoVariantSetObject& Properties() { return m_properties; }
     const CZoVariantSetObject& Properties() const { return m_properties; }
 
@@ -148,6 +159,8 @@ private:
     IKind& m_kind;
     const SZoObjectLogNames& m_names;
     IZoNameObserver* m_nameObserver = nullptr;
+    IZoLabelArranger* m_labelArranger = nullptr;
+    bool m_labelDecluttered = false;
 
     int m_objectId = -1;
     IZoMapLayer* m_mapLayer = nullptr;

@@ -4,6 +4,7 @@
 #include <ZoGraphics/IZoDotMapObject.h>
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/IZoGraphicsModule.h>
+#include <ZoGraphics/IZoLabelDeclutter.h>
 #include <ZoGraphics/IZoLineStyleGraphicsMapObject.h>
 #include <ZoGraphics/IZoMapEventHandler.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -15,6 +16,7 @@ int IZoMapLayer::ReservedLayerSlot17() const { return 0; }
 int IZoMapLayer::ReservedLayerSlot18() const { return 0; }
 IZoImageMapLayer::~IZoImageMapLayer() = default;
 IZoGraphicsMapLayer::~IZoGraphicsMapLayer() = default;
+IZoLabelDeclutter::~IZoLabelDeclutter() = default;
 void IZoGraphicsMapLayer::ReservedLayerSlot39() {}
 IZoMapObject::~IZoMapObject() = default;
 IZoGraphicsMapObject::~IZoGraphicsMapObject() = default;

@@ -23,6 +23,7 @@
 #include <ZoGraphics/IZoGraphicsModule.h>
 #include <ZoGraphics/CZoGraphicsModule.h>
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
+#include <ZoGraphics/IZoLabelDeclutter.h>
 #include <ZoGraphics/IZoGraphicsMapObject.h>
 #include <ZoGraphics/IZoSurfaceStyleGraphicsMapObject.h>
 #include <ZoGraphics/IZoLineStyleGraphicsMapObject.h>
