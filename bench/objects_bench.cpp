@@ -287,19 +287,28 @@ void BM_DotMemory(benchmark::State& state)
 BENCHMARK(BM_DotMemory)->Args({10000, 0})->Args({10000, 1})->Iterations(1)->Unit(benchmark::kMillisecond);
 
 // A zoom across a level boundary: every dot updates its visibility, rebuilds
-// its shape (and its name, when shown) for the new scale and moves.
+// its shape (and its name, when shown) for the new scale and moves. Args:
+// count, names shown, the zoom it goes to in eighths above zoom 6 (8: the
+// next whole level, where the view scale is 1 again; 12: zoom 7.5, where
+// every dot also changes its size in scene units).
 void BM_ZoomAcrossLevels(benchmark::State& state)
 {
     DotScene scene(static_cast<int>(state.range(0)), state.range(1) != 0, false);
+    const double target = kZoom + state.range(2) / 8.0;
     bool in = false;
     for (auto _ : state)
     {
-        scene.Map().SetZoom(in ? kZoom : kZoom + 1.0);
+        scene.Map().SetZoom(in ? kZoom : target);
         in = !in;
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_ZoomAcrossLevels)->Args({100000, 0})->Args({100000, 1})->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK(BM_ZoomAcrossLevels)
+    ->Args({100000, 0, 8})
+    ->Args({100000, 0, 12})
+    ->Args({100000, 1, 8})
+    ->Unit(benchmark::kMillisecond)
+    ->Apply(ZoBench::ReportMinimum);
 
 // A pan: every dot moves to its new scene position.
 void BM_Pan(benchmark::State& state)
@@ -387,7 +396,9 @@ const bool kRatios[] = {
                       "BM_Floor_PainterDotsAndNames/2000", 3.0),
     ZoBench::AddRatio("lookup by name among 100,000 / hash find", "BM_LookupByName/100000", "BM_Floor_HashFind/100000",
                       3.0),
-    ZoBench::AddRatio("zoom across a level, 100,000 dots / setPos", "BM_ZoomAcrossLevels/100000/0",
+    ZoBench::AddRatio("zoom to the next level, 100,000 dots / setPos", "BM_ZoomAcrossLevels/100000/0/8",
+                      "BM_Floor_SetPos/100000", 1.5),
+    ZoBench::AddRatio("zoom 6 to 7.5, 100,000 dots / setPos", "BM_ZoomAcrossLevels/100000/0/12",
                       "BM_Floor_SetPos/100000", 1.5),
     ZoBench::AddRatio("frame of 10,000 dots, no names / plain items", "BM_FrameDots/10000/0",
                       "BM_Floor_FrameItems/10000", 1.15),

@@ -277,7 +277,7 @@ private:
         const qint64 y1 = static_cast<qint64>(std::floor(box.bottom() / kCell));
         for (qint64 y = y0; y <= y1; ++y)
             for (qint64 x = x0; x <= x1; ++x)
-                f((y << 32) ^ (x & 0xffffffff));
+                f(static_cast<qint64>((static_cast<quint64>(y) << 32) ^ static_cast<quint32>(x)));
     }
     std::vector<QRectF> m_boxes;
     std::unordered_map<qint64, std::vector<int>> m_cells;

@@ -5,7 +5,22 @@
 #include "object/IZoMapObjectInternal.h"
 #include "object/CZoLock.h"
 #include "object/ZoLogText.h"
+#include "shapes/bow/CZoBowMapObject.h"
+#include "shapes/bubble/CZoBubbleMapObject.h"
+#include "shapes/circle/CZoCircleMapObject.h"
 #include "shapes/dot/CZoDotMapObject.h"
+#include "shapes/ellipse/CZoEllipseMapObject.h"
+#include "shapes/multidot/CZoMultiDotMapObject.h"
+#include "shapes/multiline/CZoMultiLineMapObject.h"
+#include "shapes/multipolygon/CZoMultiPolygonMapObject.h"
+#include "shapes/polygon/CZoPolygonMapObject.h"
+#include "shapes/polyline/CZoPolylineMapObject.h"
+#include "shapes/rectangle/CZoRectangleMapObject.h"
+#include "content/canvas/CZoLayerCanvasMapObject.h"
+#include "content/markpoint/CZoMarkPointMapObject.h"
+#include "content/svg/CZoSVGMapObject.h"
+#include "content/widget/CZoWidgetMapObject.h"
+#include "content/text/CZoTextMapObject.h"
 
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -322,33 +337,33 @@ void CZoGraphicsModule::DestroyGraphicsEditObject(IZoGraphicsEditObject* editObj
 
 // --- creators and typed lookups ------------------------------------------------
 
-IZoTextMapObject* CZoGraphicsModule::CreateTextMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoTextMapObject* CZoGraphicsModule::CreateTextMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateTextMapObject");
+    return CreateAndRegister<CZoTextMapObject>(name, layer, "CreateTextMapObject");
 }
 IZoTextMapObject* CZoGraphicsModule::LookupTextMapObject(const std::string& name) const
 {
     return LookupTyped<IZoTextMapObject>(name);
 }
-IZoWidgetMapObject* CZoGraphicsModule::CreateWidgetMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoWidgetMapObject* CZoGraphicsModule::CreateWidgetMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateWidgetMapObject");
+    return CreateAndRegister<CZoWidgetMapObject>(name, layer, "CreateWidgetMapObject");
 }
 IZoWidgetMapObject* CZoGraphicsModule::LookupWidgetMapObject(const std::string& name) const
 {
     return LookupTyped<IZoWidgetMapObject>(name);
 }
-IZoBubbleMapObject* CZoGraphicsModule::CreateBubbleMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoBubbleMapObject* CZoGraphicsModule::CreateBubbleMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateBubbleMapObject");
+    return CreateAndRegister<CZoBubbleMapObject>(name, layer, "CreateBubbleMapObject");
 }
 IZoBubbleMapObject* CZoGraphicsModule::LookupBubbleMapObject(const std::string& name) const
 {
     return LookupTyped<IZoBubbleMapObject>(name);
 }
-IZoSVGMapObject* CZoGraphicsModule::CreateSVGMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoSVGMapObject* CZoGraphicsModule::CreateSVGMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateSVGMapObject");
+    return CreateAndRegister<CZoSVGMapObject>(name, layer, "CreateSVGMapObject");
 }
 IZoSVGMapObject* CZoGraphicsModule::LookupSVGMapObject(const std::string& name) const
 {
@@ -362,101 +377,107 @@ IZoDotMapObject* CZoGraphicsModule::LookupDotMapObject(const std::string& name) 
 {
     return LookupTyped<IZoDotMapObject>(name);
 }
-IZoCircleMapObject* CZoGraphicsModule::CreateCircleMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoCircleMapObject* CZoGraphicsModule::CreateCircleMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateCircleMapObject");
+    return CreateAndRegister<CZoCircleMapObject>(name, layer, "CreateCircleMapObject");
 }
 IZoCircleMapObject* CZoGraphicsModule::LookupCircleMapObject(const std::string& name) const
 {
     return LookupTyped<IZoCircleMapObject>(name);
 }
-IZoEllipseMapObject* CZoGraphicsModule::CreateEllipseMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoEllipseMapObject* CZoGraphicsModule::CreateEllipseMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateEllipseMapObject");
+    return CreateAndRegister<CZoEllipseMapObject>(name, layer, "CreateEllipseMapObject");
 }
 IZoEllipseMapObject* CZoGraphicsModule::LookupEllipseMapObject(const std::string& name) const
 {
     return LookupTyped<IZoEllipseMapObject>(name);
 }
-IZoRectangleMapObject* CZoGraphicsModule::CreateRectangleMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoRectangleMapObject* CZoGraphicsModule::CreateRectangleMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateRectangleMapObject");
+    return CreateAndRegister<CZoRectangleMapObject>(name, layer, "CreateRectangleMapObject",
+                                                    [](CZoRectangleMapObject& rectangle) { rectangle.SetTile(false); });
 }
-IZoRectangleMapObject* CZoGraphicsModule::CreateTileMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoRectangleMapObject* CZoGraphicsModule::CreateTileMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateTileMapObject");
+    return CreateAndRegister<CZoRectangleMapObject>(name, layer, "CreateTileMapObject",
+                                                    [](CZoRectangleMapObject& rectangle) { rectangle.SetTile(true); });
 }
 IZoRectangleMapObject* CZoGraphicsModule::LookupRectangleMapObject(const std::string& name) const
 {
     return LookupTyped<IZoRectangleMapObject>(name);
 }
-IZoPolygonMapObject* CZoGraphicsModule::CreatePolygonMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoPolygonMapObject* CZoGraphicsModule::CreatePolygonMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreatePolygonMapObject");
+    return CreateAndRegister<CZoPolygonMapObject>(name, layer, "CreatePolygonMapObject");
 }
 IZoPolygonMapObject* CZoGraphicsModule::LookupPolygonMapObject(const std::string& name) const
 {
     return LookupTyped<IZoPolygonMapObject>(name);
 }
-IZoMarkPointMapObject* CZoGraphicsModule::CreateMarkPointMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoMarkPointMapObject* CZoGraphicsModule::CreateMarkPointMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateMarkPointMapObject");
+    return CreateAndRegister<CZoMarkPointMapObject>(name, layer, "CreateMarkPointMapObject");
 }
 IZoMarkPointMapObject* CZoGraphicsModule::LookupLabelMapObject(const std::string& name) const
 {
     return LookupTyped<IZoMarkPointMapObject>(name);
 }
-IZoPolylineMapObject* CZoGraphicsModule::CreatePolylineMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoPolylineMapObject* CZoGraphicsModule::CreatePolylineMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreatePolylineMapObject");
+    return CreateAndRegister<CZoPolylineMapObject>(name, layer, "CreatePolylineMapObject");
 }
 IZoPolylineMapObject* CZoGraphicsModule::LookupPolylineMapObject(const std::string& name) const
 {
     return LookupTyped<IZoPolylineMapObject>(name);
 }
-IZoBowMapObject* CZoGraphicsModule::CreatePieMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoBowMapObject* CZoGraphicsModule::CreatePieMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreatePieMapObject");
+    return CreateAndRegister<CZoBowMapObject>(name, layer, "CreatePieMapObject",
+                                              [](CZoBowMapObject& bow) { bow.SetKind(EZoBowKind::Pie); });
 }
-IZoBowMapObject* CZoGraphicsModule::CreateArcMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoBowMapObject* CZoGraphicsModule::CreateArcMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateArcMapObject");
+    return CreateAndRegister<CZoBowMapObject>(name, layer, "CreateArcMapObject",
+                                              [](CZoBowMapObject& bow) { bow.SetKind(EZoBowKind::Arc); });
 }
-IZoBowMapObject* CZoGraphicsModule::CreateChordMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoBowMapObject* CZoGraphicsModule::CreateChordMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateChordMapObject");
+    return CreateAndRegister<CZoBowMapObject>(name, layer, "CreateChordMapObject",
+                                              [](CZoBowMapObject& bow) { bow.SetKind(EZoBowKind::Chord); });
 }
 IZoBowMapObject* CZoGraphicsModule::LookupBowMapObject(const std::string& name) const
 {
     return LookupTyped<IZoBowMapObject>(name);
 }
-IZoMultiDotMapObject* CZoGraphicsModule::CreateMultiDotMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoMultiDotMapObject* CZoGraphicsModule::CreateMultiDotMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateMultiDotMapObject");
+    return CreateAndRegister<CZoMultiDotMapObject>(name, layer, "CreateMultiDotMapObject");
 }
 IZoMultiDotMapObject* CZoGraphicsModule::LookupMultiDotMapObject(const std::string& name) const
 {
     return LookupTyped<IZoMultiDotMapObject>(name);
 }
-IZoMultiPolygonMapObject* CZoGraphicsModule::CreateMultiPolygonMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoMultiPolygonMapObject* CZoGraphicsModule::CreateMultiPolygonMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateMultiPolygonMapObject");
+    return CreateAndRegister<CZoMultiPolygonMapObject>(name, layer, "CreateMultiPolygonMapObject");
 }
 IZoMultiPolygonMapObject* CZoGraphicsModule::LookupMultiPolygonMapObject(const std::string& name) const
 {
     return LookupTyped<IZoMultiPolygonMapObject>(name);
 }
-IZoMultiLineMapObject* CZoGraphicsModule::CreateMultiLineMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoMultiLineMapObject* CZoGraphicsModule::CreateMultiLineMapObject(const std::string& name, IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateMultiLineMapObject");
+    return CreateAndRegister<CZoMultiLineMapObject>(name, layer, "CreateMultiLineMapObject");
 }
 IZoMultiLineMapObject* CZoGraphicsModule::LookupMultiLineMapObject(const std::string& name) const
 {
     return LookupTyped<IZoMultiLineMapObject>(name);
 }
-IZoLayerCanvasMapObject* CZoGraphicsModule::CreateLayerCanvasMapObject(const std::string&, IZoGraphicsMapLayer*)
+IZoLayerCanvasMapObject* CZoGraphicsModule::CreateLayerCanvasMapObject(const std::string& name,
+                                                                       IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateLayerCanvasMapObject");
+    return CreateAndRegister<CZoLayerCanvasMapObject>(name, layer, "CreateLayerCanvasMapObject");
 }
 IZoLayerCanvasMapObject* CZoGraphicsModule::LookupLayerCanvasMapObject(const std::string& name) const
 {

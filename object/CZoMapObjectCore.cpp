@@ -280,22 +280,41 @@ void CZoMapObjectCore::UpdateVisibility(int lod)
     }
     InvalidateLabels();
     // A label that no longer shows gives its measurement and look back.
-    if (!m_shown || !m_label.IsShownAt(lod, m_graphicsLayer))
+    const bool labelShown = m_shown && m_label.IsShownAt(lod, m_graphicsLayer);
+    if (!labelShown)
         m_label.Release();
     if (m_item)
     {
+        // setVisible repaints an item whose visibility changes; otherwise
+        // only a label that comes or goes needs a repaint. A zoom visits
+        // every object, and needless repaints are most of its cost.
         m_item->GraphicsItem()->setVisible(m_shown);
-        m_item->Repaint();
+        if (labelShown != m_labelShown)
+            m_item->Repaint();
     }
+    m_labelShown = labelShown;
 }
 
 void CZoMapObjectCore::SetResolution(double scale)
 {
+    const double oldScale = m_pixelScale;
     PixelScaleFromViewScale(scale, &m_pixelScale);
     if (!m_item)
         return;
-    PrepareGeometryChange();
-    RebuildAndRepaint(true);
+    InvalidateLabels();
+    // In the scene, the geometry change repaints the item already, and the
+    // item need not announce it again while rebuilding. A shape of pixel
+    // sizes alone does not change while k stays (a zoom from one whole level
+    // to the next): announcing a change then would only take the item out of
+    // the scene's index and put it back, most of a zoom's cost.
+    const bool unchanged = m_pixelScale == oldScale && m_kind.ShapeFollowsPixelScaleOnly();
+    if (!unchanged)
+        PrepareGeometryChange();
+    m_geometryAnnounced = m_inScene && !unchanged;
+    m_item->RebuildShape(true);
+    m_geometryAnnounced = false;
+    if (!m_inScene)
+        m_item->Repaint();
 }
 
 void CZoMapObjectCore::UpdatePosition()
@@ -323,16 +342,17 @@ void CZoMapObjectCore::PaintOnCanvas(QPainter* painter, CTileModel* converter, i
     if (!converter->ConvertGeoToPixel(&px, &py, level, anchor.x, anchor.y))
         return;
 
+    const CZoCanvasProjection canvas(converter, level, target, QPointF(px, py));
     painter->save();
     painter->translate(px, py);
     if (m_item)
     {
-        m_item->PaintOnCanvas(painter, level);
+        m_item->PaintOnCanvas(painter, canvas);
     }
     else
     {
         const std::unique_ptr<IZoGraphicsItemImpl> temporary = m_kind.CreateItem();
-        temporary->PaintOnCanvas(painter, level);
+        temporary->PaintOnCanvas(painter, canvas);
     }
     painter->restore();
 }

@@ -47,6 +47,9 @@ public:
         virtual CVector3D GetAnchor() const = 0;
         // Scene position of the anchor.
         virtual QPointF AnchorToPixel() = 0;
+        // The shape is made of pixel sizes alone (times k): at the same k it
+        // is the same shape, whatever the level.
+        virtual bool ShapeFollowsPixelScaleOnly() const { return false; }
 
     protected:
         ~IKind() = default;
@@ -143,6 +146,9 @@ public:
     QPointF ConvertGeoToScenePixel(const CVector3D& point, const char* method) const;
     // prepareGeometryChange on the item while the object is in the scene.
     void PrepareGeometryChange();
+    // True while a rebuild runs whose geometry change has been announced
+    // already: the item need not call prepareGeometryChange again.
+    bool IsGeometryChangeAnnounced() const { return m_geometryAnnounced; }
     // Asks the item for a shape rebuild and a repaint.
     void RebuildAndRepaint(bool forced);
     void RelayoutNameAndRepaint(bool forced);
@@ -161,6 +167,8 @@ private:
     IZoNameObserver* m_nameObserver = nullptr;
     IZoLabelArranger* m_labelArranger = nullptr;
     bool m_labelDecluttered = false;
+    bool m_labelShown = false; // as UpdateVisibility last found it
+    bool m_geometryAnnounced = false;
 
     int m_objectId = -1;
     IZoMapLayer* m_mapLayer = nullptr;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "object/CZoCanvasProjection.h"
+
 class QGraphicsItem;
 class QPainter;
 
@@ -23,4 +25,10 @@ public:
     // Paints at pixel scale 1.0 into a painter already translated to the
     // object's anchor; level is the canvas's level of detail.
     virtual void PaintOnCanvas(QPainter* painter, int level) = 0;
+    // The same for items whose size is geographic: they project their other
+    // points through the canvas. Others paint at the anchor alone.
+    virtual void PaintOnCanvas(QPainter* painter, const CZoCanvasProjection& canvas)
+    {
+        PaintOnCanvas(painter, canvas.Level());
+    }
 };

@@ -12,7 +12,9 @@
 // only its geometry; it overrides a base operation only where its behaviour
 // really differs. Derived supplies:
 //   static constexpr SZoObjectLogNames kLogNames;
-//   CVector3D GetAnchor() const;       the geographic anchor
+//   CVector3D GetAnchor() const;       the geographic anchor (GetGeoAnchor
+//                                      where the kind's interface already
+//                                      gives GetAnchor another meaning)
 //   QPointF ConvertAnchorToPixel();    the item position of the anchor
 template <class Interface, class Derived, class Item>
 class TZoMapObjectBase : public Interface, public IZoMapObjectInternal
@@ -105,10 +107,34 @@ private:
         {
             return std::make_unique<Item>(&static_cast<Derived&>(m_object));
         }
-        CVector3D GetAnchor() const override { return static_cast<const Derived&>(m_object).GetAnchor(); }
+        CVector3D GetAnchor() const override { return GeoAnchorOf(static_cast<const Derived&>(m_object), 0); }
         QPointF AnchorToPixel() override { return static_cast<Derived&>(m_object).ConvertAnchorToPixel(); }
+        bool ShapeFollowsPixelScaleOnly() const override { return FollowsScaleOnly<Derived>(0); }
 
     private:
+        template <class D>
+        static auto GeoAnchorOf(const D& object, int) -> decltype(object.GetGeoAnchor())
+        {
+            return object.GetGeoAnchor();
+        }
+        // Derived may state kShapeFollowsPixelScaleOnly; absent means false.
+        template <class D>
+        static constexpr auto FollowsScaleOnly(int) -> decltype(bool(D::kShapeFollowsPixelScaleOnly))
+        {
+            return D::kShapeFollowsPixelScaleOnly;
+        }
+        template <class D>
+        static constexpr bool FollowsScaleOnly(long)
+        {
+            return false;
+        }
+
+        template <class D>
+        static CVector3D GeoAnchorOf(const D& object, long)
+        {
+            return object.GetAnchor();
+        }
+
         TZoMapObjectBase& m_object;
     };
 

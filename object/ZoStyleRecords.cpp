@@ -3,6 +3,8 @@
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
+#include <QPainter>
+
 namespace
 {
 void ApplyPen(QPen& pen, float width, const QColor& color, std::uint32_t style, double scale)
@@ -35,6 +37,16 @@ void SurfaceStyle::ApplyToBrush(QBrush& brush) const
         brush.setTexture(brushTexture);
     else
         brush.setColor(brushColor);
+}
+
+void SurfaceStyle::ApplyToPainter(QPainter* painter, double scale) const
+{
+    QPen pen;
+    ApplyToPen(pen, scale);
+    QBrush brush;
+    ApplyToBrush(brush);
+    painter->setPen(pen);
+    painter->setBrush(brush);
 }
 
 void SurfaceStyle::LoadBrushTextureFile(std::uint32_t style, const std::string& path)

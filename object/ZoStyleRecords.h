@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string>
 
+class QPainter;
+
 // Outline and fill of a surface shape. Knows nothing of Qt items: the items
 // turn it into a pen and a brush at paint time.
 struct SurfaceStyle
@@ -27,6 +29,8 @@ struct SurfaceStyle
     // The texture is used only while the PEN style is Qt::TexturePattern (24):
     // textures loaded earlier stay hidden until the pen style says so.
     void ApplyToBrush(QBrush& brush) const;
+    // Both on a painter: the outline pen scaled by scale, and the fill.
+    void ApplyToPainter(QPainter* painter, double scale) const;
     // Stores the path, loads the picture (null when unreadable) and the style.
     void LoadBrushTextureFile(std::uint32_t style, const std::string& path);
 };

@@ -1,5 +1,9 @@
 #include "CViewerWindow.h"
 
+#include "AnchoredShapesDemo.h"
+#include "ContentDemo.h"
+#include "PointListDemo.h"
+
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
 
@@ -72,6 +76,9 @@ int CViewerWindow::PopulateGraphics(const QString& dataDir)
     {
         m_graphics = std::make_unique<CZoGraphicsModule>();
         m_graphics->Initialise("zomapview", m_mapModule);
+        AddAnchoredShapesDemo(*m_graphics, *m_mapModule, this);
+        AddPointListDemo(*m_graphics, dataDir);
+        AddContentDemo(*m_graphics, dataDir, this);
     }
     QFile file(dataDir + QStringLiteral("/capitals.csv"));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
@@ -82,6 +89,10 @@ int CViewerWindow::PopulateGraphics(const QString& dataDir)
         return 0;
     layer->SetMinLodLevel(kCapitalsMinLevel);
     layer->SetNameMinLodLevel(kCapitalNamesMinLevel);
+    // Neighbouring capitals (Vienna and Bratislava, say) would print their
+    // names over each other: only the first of them is drawn.
+    if (auto* declutter = dynamic_cast<IZoLabelDeclutter*>(layer))
+        declutter->SetLabelDeclutter(true);
 
     QTextStream in(&file);
     in.setCodec("UTF-8");

@@ -40,6 +40,7 @@
 #include <ZoGraphics/IZoMultiDotMapObject.h>
 #include <ZoGraphics/IZoMultiLineMapObject.h>
 #include <ZoGraphics/IZoMultiPolygonMapObject.h>
+#include <ZoGraphics/ZoGeoJson.h>
 
 #include <ZoGraphics/IZoTextMapObject.h>
 #include <ZoGraphics/IZoMarkPointMapObject.h>

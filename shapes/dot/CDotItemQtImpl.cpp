@@ -41,7 +41,7 @@ void CDotItemQtImpl::RebuildShape(bool forced)
         return;
     // A dot of radius 0 lays nothing out, its name included.
     const QRectF rect = IsEqual(m_owner->GetRadius(), 0.0) ? QRectF() : ShapeRect(core.PixelScale());
-    if (rect != m_shapeRect)
+    if (rect != m_shapeRect && !core.IsGeometryChangeAnnounced())
         prepareGeometryChange();
     m_shapeRect = rect;
     RebuildName(forced);

@@ -13,6 +13,7 @@ public:
     // name SetMinLodLevel; hosts match on these texts.
     static constexpr SZoObjectLogNames kLogNames{"CZoDotMapObject", "CZoTextMapObject", "SetMinLodLevel"};
     static constexpr SZoSurfaceRefresh kSurfaceRefresh{false, true};
+    static constexpr bool kShapeFollowsPixelScaleOnly = true;
 
     CZoDotMapObject() = default;
 

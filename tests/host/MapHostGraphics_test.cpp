@@ -29,6 +29,8 @@ protected:
         dot->SetRadius(8.0);
         dot->SetInteractive(true);
     }
+    // The module owns its layers and objects until Unintialise.
+    void TearDown() override { graphics.Unintialise(); }
 
     QPointF ExpectedScenePos(double lon, double lat)
     {

@@ -109,17 +109,6 @@ TEST(GraphicsModuleWithoutMap, FailedInitialiseLogsTheCreatorsTextAndLeavesTheRe
     module.Unintialise();
 }
 
-TEST_F(GraphicsModule, CreatorsOfKindsNotInThisBuildFailWithTheirOwnText)
-{
-    log.Clear();
-    EXPECT_EQ(module.CreateCircleMapObject("c", nullptr), nullptr);
-    EXPECT_EQ(module.CreateLayerCanvasMapObject("c", nullptr), nullptr);
-    EXPECT_EQ(module.CreateTranslateEditObject(nullptr), nullptr);
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoGraphicsModule::CreateCircleMapObject] 初始化失败",
-                                        "[CZoGraphicsModule::CreateLayerCanvasMapObject] 初始化失败",
-                                        "[CZoGraphicsModule::CreateTranslateEditObject] 初始化失败"}));
-}
-
 TEST_F(GraphicsModule, DestroyDetachesRemovesFromTheSceneAndIgnoresNull)
 {
     IZoDotMapObject* dot = module.CreateDotMapObject("d", nullptr);

@@ -1,7 +1,11 @@
+#include "module/TZoNameIndex.h"
 #include "support/ModuleFixture.h"
 
+#include <climits>
 #include <map>
+#include <memory>
 #include <random>
+#include <set>
 
 // Lookups by name answer from an index that renames and destroys keep
 // current; these tests hold it against the plain rule: among the live objects
@@ -62,6 +66,7 @@ TEST_F(NameIndex, ObjectsOutlivingTheirModuleCanStillBeRenamed)
     graphics->Initialise("short-lived", &map);
     IZoDotMapObject* dot = graphics->CreateDotMapObject("orphan", nullptr);
     IZoGraphicsMapLayer* layer = graphics->CreateGraphicsLayer("orphans");
+    IZoGraphicsMapLayer* defaultLayer = graphics->GetDeafultGraphicsLayer();
     // The destructor leaves objects and layers alone; they must not report to it.
     graphics.reset();
     dot->SetName("renamed");
@@ -69,8 +74,11 @@ TEST_F(NameIndex, ObjectsOutlivingTheirModuleCanStillBeRenamed)
     EXPECT_EQ(dot->GetName(), "renamed");
     dot->Unintialise();
     delete dot;
-    layer->Unintialise();
-    delete layer;
+    for (IZoGraphicsMapLayer* left : {layer, defaultLayer})
+    {
+        left->Unintialise();
+        delete left;
+    }
 }
 
 // Long random sequences of creations, renames and destructions, each followed
@@ -120,4 +128,53 @@ TEST_F(NameIndex, RandomSequencesAgreeWithAPlainModel)
         ASSERT_EQ(module.LookupDotMapObject(probe), expected) << "step " << step;
         ASSERT_EQ(module.LookupCircleMapObject(probe), nullptr);
     }
+}
+
+// The index itself against a multimap, over many names so that the table
+// grows, probes collide and erasures shift slots back.
+TEST(NameIndexTable, AgreesWithAMultimapThroughGrowthAndErasure)
+{
+    TZoNameIndex<int> index;
+    std::vector<std::unique_ptr<int>> values;
+    std::multimap<std::string, std::pair<int, int*>> model; // name -> (id, value)
+    std::mt19937 random(11);
+    std::uniform_int_distribution<int> pickName(0, 299);
+    for (int step = 0; step < 20000; ++step)
+    {
+        const std::string name = "name-" + std::to_string(pickName(random));
+        if (random() % 3 != 0 || model.empty())
+        {
+            values.push_back(std::make_unique<int>(step));
+            index.Insert(name, step, values.back().get());
+            model.emplace(name, std::make_pair(step, values.back().get()));
+        }
+        else
+        {
+            auto range = model.equal_range(name);
+            if (range.first != range.second)
+            {
+                auto victim = range.first;
+                std::advance(victim, random() % std::distance(range.first, range.second));
+                index.Erase(name, victim->second.second);
+                model.erase(victim);
+            }
+        }
+        const std::string probe = "name-" + std::to_string(pickName(random));
+        int* expected = nullptr;
+        int smallest = INT32_MAX;
+        auto range = model.equal_range(probe);
+        for (auto it = range.first; it != range.second; ++it)
+        {
+            if (it->second.first < smallest)
+            {
+                smallest = it->second.first;
+                expected = it->second.second;
+            }
+        }
+        ASSERT_EQ(index.FindFirst<int>(probe), expected) << "step " << step;
+    }
+    std::set<std::string> names;
+    for (const auto& entry : model)
+        names.insert(entry.first);
+    EXPECT_EQ(index.NameCount(), names.size());
 }

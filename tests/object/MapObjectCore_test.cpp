@@ -39,7 +39,7 @@ TYPED_TEST(MapObjectCore, StartsWithTheSharedDefaults)
     EXPECT_EQ(o->GetZValue(), 400);
     EXPECT_FALSE(o->IsInteractive());
     EXPECT_FALSE(o->IsAlwaysRebuild());
-    EXPECT_FALSE(o->IsRotatable());
+    EXPECT_EQ(o->IsRotatable(), HasRotatable<TypeParam>::value);
     EXPECT_EQ(o->GetRebuildThreshold(), -1.0);
     EXPECT_EQ(o->GetEditAngle(), 0.0);
     EXPECT_TRUE(o->IsInScene());
@@ -182,10 +182,12 @@ TYPED_TEST(MapObjectCore, UnintialiseDeletesTheItemAndKeepsIdAndName)
 
 TYPED_TEST(MapObjectCore, FailedConversionLogsAndPlacesAtTheOrigin)
 {
+    TypeParam::PlaceAt(this->object, 2.0, 3.0);
     this->map.failConversions = true;
     TypeParam::PlaceAt(this->object, 2.0, 3.0);
     this->object->UpdatePosition();
-    EXPECT_EQ(this->Item()->pos(), QPointF(0.0, 0.0));
+    const bool keeps = HasKeepsPlaceOnFailure<TypeParam>::value;
+    EXPECT_EQ(this->Item()->pos(), keeps ? QPointF(20.0, -30.0) : QPointF(0.0, 0.0));
     ASSERT_FALSE(this->log.Messages().empty());
     EXPECT_EQ(this->log.Messages().back(), this->Text(TypeParam::kAnchorMethod, "ConvertSceneToPixel失败"));
 }
@@ -208,13 +210,17 @@ TYPED_TEST(MapObjectCore, UninitialisedObjectsLogAndDoNothing)
     EXPECT_EQ(o->GetMaxLodLevel(), 9);
     const std::string initialise =
         std::string("[") + TypeParam::kInitialiseClass + "::Initialise] MapModule传入为空";
-    EXPECT_EQ(capture.Messages(),
-              (Messages{this->Text("IsVisible", "模块未初始化设置"),
-                        this->Text("IsNameVisible", "MapModule模块未初始化设置"),
-                        this->Text("SetMinLodLevel", "MapModule模块未初始化设置"),
-                        this->Text(TypeParam::kSetMaxLodMethod, "MapModule模块未初始化设置"),
-                        this->Text("Dirty", "Qt-Item不存在"), this->Text("PaintOnCanvas", "传入参数为空"),
-                        initialise}));
+    Messages expected{this->Text("IsVisible", "模块未初始化设置"),
+                      this->Text("IsNameVisible", "MapModule模块未初始化设置"),
+                      this->Text("SetMinLodLevel", "MapModule模块未初始化设置"),
+                      this->Text(TypeParam::kSetMaxLodMethod, "MapModule模块未初始化设置")};
+    if (!HasDirtyCreatesItem<TypeParam>::value)
+        expected.push_back(this->Text("Dirty", "Qt-Item不存在"));
+    expected.push_back(this->Text("PaintOnCanvas", "传入参数为空"));
+    expected.push_back(initialise);
+    if (HasSetVisibleNeedsModule<TypeParam>::value)
+        expected.push_back(this->Text("SetVisible", "MapModule模块未初始化设置"));
+    EXPECT_EQ(capture.Messages(), expected);
 }
 
 TYPED_TEST(MapObjectCore, ObjectsWithoutAutoAddHaveNoItemUntilShown)
@@ -228,8 +234,11 @@ TYPED_TEST(MapObjectCore, ObjectsWithoutAutoAddHaveNoItemUntilShown)
     o->SetInteractive(true);
     o->SetZValue(3);
     EXPECT_EQ(o->GetName(), "renamed");
-    o->Dirty();
-    EXPECT_EQ(this->log.Messages().back(), this->Text("Dirty", "Qt-Item不存在"));
+    if (!HasDirtyCreatesItem<TypeParam>::value)
+    {
+        o->Dirty();
+        EXPECT_EQ(this->log.Messages().back(), this->Text("Dirty", "Qt-Item不存在"));
+    }
     o->Rebuild(2.0);
     ASSERT_NE(o->GetQtItem(), nullptr);
     EXPECT_EQ(o->GetQtItem()->scene(), nullptr);

@@ -6,9 +6,9 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-// Objects and layers are created and destroyed on the GUI thread while other
-// threads look them up by name and id; the registries' locks must order every
-// access.
+// Objects and layers are created, renamed and destroyed on the GUI thread
+// while other threads look them up by name and id; the registries' locks must
+// order every access, the name index's included.
 TEST(RegistryThreads, LookupsRaceCreationAndDestruction)
 {
     FakeMapModule map;
@@ -39,6 +39,9 @@ TEST(RegistryThreads, LookupsRaceCreationAndDestruction)
         std::vector<IZoDotMapObject*> dots;
         for (int i = 0; i < 100; ++i)
             dots.push_back(module.CreateDotMapObject("dot-" + std::to_string(i % 10), layer));
+        // Renames move objects between names of the index while readers look.
+        for (size_t i = 1; i < dots.size(); i += 3)
+            dots[i]->SetName("dot-" + std::to_string((i + round) % 10));
         for (size_t i = 0; i < dots.size(); i += 3)
             module.DestroyGraphicsMapObject(dots[i]);
         layer->DestroyAllMapObjects();

@@ -1,0 +1,17 @@
+#include "shapes/multidot/CZoMultiDotMapObject.h"
+
+void CZoMultiDotMapObject::SetPosition(const CVector3D& first)
+{
+    if (Points().empty() || !GetItem() || !Accept(first, "SetPosition"))
+        return;
+    EditMoveBy(first, Points().front());
+    Core().RebuildAndRepaint(false);
+}
+
+void CZoMultiDotMapObject::SetDotSize(double size)
+{
+    if (!std::isfinite(size))
+        return;
+    m_dotSize = size;
+    Core().RebuildAndRepaint(false);
+}

@@ -1,0 +1,221 @@
+#pragma once
+
+#include "object/CZoNameLabel.h"
+#include "shapes/pointlist/TZoPointListItem.h"
+#include "shapes/pointlist/ZoLineGeometry.h"
+#include "shapes/pointlist/ZoPointListRules.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPathStroker>
+#include <QtMath>
+#include <cmath>
+
+// The stroked lines of the polyline and the multi-line: every line of the
+// owner drawn with the line style, its arrow, and the name along a segment.
+// The hit area is the stroke of the lines as drawn, answered from a segment
+// grid built when Qt first asks; the bounding rectangle comes from the
+// points, grown by marginPixels pixels.
+template <class QtBase, class Owner, int marginPixels>
+class TZoLineItem : public TZoPointListItem<QtBase, Owner>
+{
+public:
+    explicit TZoLineItem(Owner* owner) : TZoPointListItem<QtBase, Owner>(owner) {}
+
+    QPainterPath shape() const override
+    {
+        if (this->Suppressed())
+            return QPainterPath();
+        QMutexLocker lock(&this->m_mutex);
+        if (!m_shapeValid)
+        {
+            QPainterPath path;
+            for (const QPolygonF& line : m_hitLines)
+                path.addPolygon(line);
+            QPainterPathStroker stroker;
+            stroker.setWidth(2.0 * m_halfWidth);
+            m_shape = m_hitLines.empty() ? QPainterPath() : stroker.createStroke(path);
+            m_shapeValid = true;
+        }
+        return m_shape;
+    }
+
+    bool contains(const QPointF& point) const override
+    {
+        if (this->Suppressed())
+            return false;
+        QMutexLocker lock(&this->m_mutex);
+        if (!m_index.IsBuilt())
+            m_index.Build(m_hitLines);
+        return m_index.Hits(point, m_halfWidth);
+    }
+
+    void RebuildShape(bool forced) override
+    {
+        if (!this->BeginRebuild(forced))
+            return;
+        const double s = this->Scale();
+        std::vector<QPolygonF> drawn = this->DrawnLines(s);
+        std::vector<QPolygonF> hit;
+        hit.reserve(drawn.size());
+        for (const QPolygonF& line : drawn)
+        {
+            if (line.isEmpty())
+                continue;
+            hit.push_back(line);
+            if (this->m_owner->IsClosed())
+                hit.back().append(line.first());
+        }
+        const QRectF bounds = ZoPointList::BoundsOf(drawn);
+        const bool anyPoint = !hit.empty();
+        const double margin = marginPixels * s;
+        {
+            QMutexLocker lock(&this->m_mutex);
+            this->m_drawn = std::move(drawn);
+            m_hitLines = std::move(hit);
+            m_halfWidth = 0.75 * static_cast<double>(this->m_owner->Style().penWidth) * s;
+            m_shapeValid = false;
+            m_index.Reset();
+        }
+        // Without points the old rectangle stays, as nothing is drawn in it.
+        if (anyPoint)
+            this->SetBounds(bounds.adjusted(-margin, -margin, margin, margin));
+        RebuildName(forced);
+    }
+
+    // The name sits above the middle of its segment, raised by the pen-style
+    // value as the line kinds have always done.
+    void RebuildName(bool forced) override
+    {
+        CZoMapObjectCore& core = this->m_owner->Core();
+        if (!forced && this->Suppressed())
+            return;
+        CZoNameLabel& label = core.Label();
+        if (!label.IsShownAt(core.CurrentLod(), this->m_owner->GetGraphicsMapLayer()))
+            return;
+        QPointF from;
+        QPointF to;
+        {
+            QMutexLocker lock(&this->m_mutex);
+            if (!LabelSegment(this->m_drawn, &from, &to))
+                return;
+        }
+        const double s = this->Scale();
+        const QPointF middle = (from + to) / (2.0 * s);
+        label.Place(EZoLabelPlacement::AboveCentred, middle.x(),
+                    middle.y() - static_cast<double>(this->m_owner->GetPenStyle()));
+    }
+
+private:
+    // The segment the name follows, by the label placement: 0 the first,
+    // 1 the middle, 2 the last segment of the first drawn line.
+    bool LabelSegment(const std::vector<QPolygonF>& lines, QPointF* from, QPointF* to) const
+    {
+        const QPolygonF* line = nullptr;
+        for (const QPolygonF& candidate : lines)
+        {
+            if (candidate.size() >= 2)
+            {
+                line = &candidate;
+                break;
+            }
+        }
+        if (!line)
+            return false;
+        const int count = line->size();
+        int first = 0;
+        switch (this->m_owner->GetLabelPosition())
+        {
+        case 0:
+            first = 0;
+            break;
+        case 1:
+            first = std::max(0, static_cast<int>(count * 0.5) - 1);
+            break;
+        case 2:
+            first = count - 2;
+            break;
+        default:
+            return false;
+        }
+        *from = (*line)[first];
+        *to = (*line)[first + 1];
+        return !ZoPointList::SamePoint(*from, *to);
+    }
+
+    void PaintLines(QPainter* painter, const std::vector<QPolygonF>& drawn, double s, int lod) const override
+    {
+        if (drawn.empty())
+            return;
+        QPointF from;
+        QPointF to;
+        const bool labelled = LabelSegment(drawn, &from, &to);
+        const LineStyle& style = this->m_owner->Style();
+        QPen pen;
+        style.ApplyToPen(pen, s);
+        painter->save();
+        painter->setBrush(Qt::NoBrush);
+        for (const QPolygonF& line : drawn)
+        {
+            ZoPointList::DrawPolyline(painter, line, pen);
+            if (style.arrowVisible && line.size() >= 2)
+                PaintArrow(painter, line, pen, s, style.arrowAtEnd);
+        }
+        painter->restore();
+        if (labelled)
+            PaintLabel(painter, this->m_owner->Core().Label(), from, to, s, lod);
+    }
+
+    static void PaintArrow(QPainter* painter, const QPolygonF& line, const QPen& pen, double s, bool atEnd)
+    {
+        const int n = line.size();
+        const QPointF tip = atEnd ? line[n - 1] : line[0];
+        const QPointF base = atEnd ? line[n - 2] : line[1];
+        const double length = std::min(50.0 * s, QLineF(tip, base).length() / 10.0);
+        QPointF left;
+        QPointF right;
+        if (!ZoPointList::ArrowWings(tip, base, length, &left, &right))
+            return;
+        painter->setPen(pen);
+        painter->drawLine(tip, left);
+        painter->drawLine(tip, right);
+    }
+
+    void PaintLabel(QPainter* painter, const CZoNameLabel& label, const QPointF& from, const QPointF& to, double s,
+                    int lod) const
+    {
+        const IZoGraphicsMapLayer* layer = this->m_owner->GetGraphicsMapLayer();
+        if (!label.IsShownAt(lod, layer))
+            return;
+        const double length = QLineF(from, to).length();
+        // The layer's second cache switch doubles as the fit check: names
+        // longer than their segment are left out.
+        if (layer && layer->IsSecondShapeCache() &&
+            QFontMetricsF(label.font).horizontalAdvance(label.text) * s > length)
+            return;
+        double angle = qRadiansToDegrees(std::atan2(to.y() - from.y(), to.x() - from.x()));
+        if (angle < -90.0 || angle > 90.0)
+        {
+            angle += 180.0;
+            while (angle >= 360.0)
+                angle -= 360.0;
+            while (angle <= -360.0)
+                angle += 360.0;
+        }
+        const bool flipped = angle != qRadiansToDegrees(std::atan2(to.y() - from.y(), to.x() - from.x()));
+        CZoNameLabel along = label;
+        const double middle = length / (2.0 * s) * (flipped ? -1.0 : 1.0);
+        along.Place(EZoLabelPlacement::AboveCentred, middle, -static_cast<double>(this->m_owner->GetPenStyle()));
+        painter->save();
+        painter->translate(from);
+        painter->rotate(angle);
+        this->m_owner->Core().PaintName(painter, along, s, lod);
+        painter->restore();
+    }
+
+    std::vector<QPolygonF> m_hitLines;
+    double m_halfWidth = 0.0;
+    mutable QPainterPath m_shape;
+    mutable bool m_shapeValid = false;
+    mutable ZoPointList::CZoSegmentIndex m_index;
+};

@@ -1,0 +1,248 @@
+#include "shapes/pointlist/ZoLineGeometry.h"
+
+#include "shapes/pointlist/ZoPointListRules.h"
+
+#include <QPainter>
+#include <QtMath>
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+// Points per run when a wide pen strokes a line piecewise.
+constexpr int kStrokeRun = 48;
+// A segment touching more cells than this is tested on every query.
+constexpr long kMaxCellsPerSegment = 64;
+constexpr long kMaxCells = 1L << 22;
+constexpr double kWingAngle = 22.5;
+
+// A line up to this many device pixels wide is drawn as two hairlines, each
+// shifted half the extra width to either side of every segment: the
+// hairline rasteriser is many times faster than stroking an outline, and
+// two opaque one-pixel lines side by side cover what the wide pen would.
+constexpr double kMaxTwinWidth = 2.5;
+
+QPointF UnitNormal(const QPointF& a, const QPointF& b)
+{
+    const QPointF d = b - a;
+    const double length = std::sqrt(d.x() * d.x() + d.y() * d.y());
+    return length > 0.0 ? QPointF(-d.y() / length, d.x() / length) : QPointF(0.0, 0.0);
+}
+
+void DrawTwinHairlines(QPainter* painter, const QPolygonF& points, const QPen& pen, double shift)
+{
+    // Each vertex moves along the bisector of its two segments' normals, as
+    // far as keeps both segments shift away (limited at sharp turns).
+    const int n = points.size();
+    QPolygonF left(n);
+    QPolygonF right(n);
+    const QPointF* p = points.constData();
+    QPointF* l = left.data();
+    QPointF* r = right.data();
+    QPointF before = UnitNormal(p[0], p[1]);
+    for (int i = 0; i < n; ++i)
+    {
+        const QPointF after = i + 1 < n ? UnitNormal(p[i], p[i + 1]) : before;
+        QPointF bisector = before + after;
+        const double dot = bisector.x() * after.x() + bisector.y() * after.y();
+        bisector = dot > 0.5 ? bisector * (shift / dot) : after * shift;
+        l[i] = p[i] + bisector;
+        r[i] = p[i] - bisector;
+        before = after;
+    }
+    QPen hairline = pen;
+    hairline.setCosmetic(true);
+    hairline.setWidthF(1.0);
+    painter->setPen(hairline);
+    painter->drawPolyline(left);
+    painter->drawPolyline(right);
+}
+
+QPolygonF ThinForDevice(const QPolygonF& points, double tolerance)
+{
+    if (points.size() < 3 || !(tolerance > 0.0))
+        return points;
+    const int n = points.size();
+    const QPointF* p = points.constData();
+    QPolygonF kept(n);
+    QPointF* out = kept.data();
+    int count = 0;
+    out[count++] = p[0];
+    for (int i = 1; i < n - 1; ++i)
+    {
+        const QPointF& last = out[count - 1];
+        if (std::fabs(p[i].x() - last.x()) >= tolerance || std::fabs(p[i].y() - last.y()) >= tolerance)
+            out[count++] = p[i];
+    }
+    out[count++] = p[n - 1];
+    kept.resize(count);
+    return kept;
+}
+} // namespace
+
+namespace ZoPointList
+{
+QRectF BoundsOf(const std::vector<QPolygonF>& lines)
+{
+    QRectF bounds;
+    bool any = false;
+    double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+    for (const QPolygonF& line : lines)
+    {
+        for (const QPointF& p : line)
+        {
+            if (!any)
+            {
+                x0 = x1 = p.x();
+                y0 = y1 = p.y();
+                any = true;
+                continue;
+            }
+            x0 = std::min(x0, p.x());
+            x1 = std::max(x1, p.x());
+            y0 = std::min(y0, p.y());
+            y1 = std::max(y1, p.y());
+        }
+    }
+    return any ? QRectF(QPointF(x0, y0), QPointF(x1, y1)) : QRectF();
+}
+
+void DrawPolyline(QPainter* painter, const QPolygonF& points, const QPen& pen)
+{
+    if (points.size() < 2)
+        return;
+    const double deviceScale = std::sqrt(std::fabs(painter->deviceTransform().determinant()));
+    const QPolygonF thin = deviceScale > 0.0 ? ThinForDevice(points, 0.25 / deviceScale) : points;
+    const double deviceWidth = pen.isCosmetic() ? pen.widthF() : pen.widthF() * deviceScale;
+    const bool solid = pen.style() == Qt::SolidLine && pen.brush().style() == Qt::SolidPattern;
+    if (!solid || deviceWidth <= 1.0 || thin.size() <= kStrokeRun)
+    {
+        painter->setPen(pen);
+        painter->drawPolyline(thin);
+        return;
+    }
+    if (deviceWidth <= kMaxTwinWidth && pen.color().alpha() == 255)
+    {
+        DrawTwinHairlines(painter, thin, pen, (deviceWidth - 1.0) / 2.0 / deviceScale);
+        return;
+    }
+    // Neighbouring runs share their end point; round caps at the seams keep
+    // the line looking unbroken.
+    QPen runPen = pen;
+    runPen.setCapStyle(Qt::RoundCap);
+    painter->setPen(runPen);
+    for (int start = 0; start < thin.size() - 1; start += kStrokeRun - 1)
+    {
+        const int count = std::min(kStrokeRun, thin.size() - start);
+        painter->drawPolyline(thin.constData() + start, count);
+    }
+}
+
+bool ArrowWings(const QPointF& tip, const QPointF& base, double length, QPointF* left, QPointF* right)
+{
+    if (SamePoint(tip, base))
+        return false;
+    const QPointF towardBase = base - tip;
+    const double angle = std::atan2(towardBase.y(), towardBase.x());
+    const double turn = qDegreesToRadians(kWingAngle);
+    *left = tip + QPointF(std::cos(angle + turn), std::sin(angle + turn)) * length;
+    *right = tip + QPointF(std::cos(angle - turn), std::sin(angle - turn)) * length;
+    return true;
+}
+
+void CZoSegmentIndex::Reset()
+{
+    *this = CZoSegmentIndex();
+}
+
+void CZoSegmentIndex::Build(const std::vector<QPolygonF>& lines)
+{
+    Reset();
+    m_built = true;
+    for (const QPolygonF& line : lines)
+        for (int i = 1; i < line.size(); ++i)
+            m_segments.emplace_back(line[i - 1], line[i]);
+    if (m_segments.empty())
+        return;
+    m_bounds = BoundsOf(lines);
+    const double side = std::max(m_bounds.width(), m_bounds.height());
+    const double cellsPerSide = std::max(1.0, std::sqrt(static_cast<double>(m_segments.size())));
+    m_cellSize = std::max(side / cellsPerSide, 1e-9);
+    m_columns = static_cast<int>(std::min(2048.0, std::floor(m_bounds.width() / m_cellSize) + 1));
+    m_rows = static_cast<int>(std::min(2048.0, std::floor(m_bounds.height() / m_cellSize) + 1));
+    m_cellSize = std::max({m_cellSize, m_bounds.width() / m_columns, m_bounds.height() / m_rows});
+
+    // Two passes over the segments, counting then filling, lay the cells out
+    // contiguously.
+    const long cells = std::min(kMaxCells, static_cast<long>(m_columns) * m_rows);
+    m_cellStart.assign(static_cast<std::size_t>(cells) + 1, 0);
+    auto forEachCell = [this](const QLineF& s, auto&& visit) -> bool {
+        const int c0 = std::clamp(static_cast<int>((std::min(s.x1(), s.x2()) - m_bounds.left()) / m_cellSize), 0, m_columns - 1);
+        const int c1 = std::clamp(static_cast<int>((std::max(s.x1(), s.x2()) - m_bounds.left()) / m_cellSize), 0, m_columns - 1);
+        const int r0 = std::clamp(static_cast<int>((std::min(s.y1(), s.y2()) - m_bounds.top()) / m_cellSize), 0, m_rows - 1);
+        const int r1 = std::clamp(static_cast<int>((std::max(s.y1(), s.y2()) - m_bounds.top()) / m_cellSize), 0, m_rows - 1);
+        if (static_cast<long>(c1 - c0 + 1) * (r1 - r0 + 1) > kMaxCellsPerSegment)
+            return false;
+        for (int r = r0; r <= r1; ++r)
+            for (int c = c0; c <= c1; ++c)
+                visit(r * m_columns + c);
+        return true;
+    };
+    for (const QLineF& s : m_segments)
+        forEachCell(s, [this](int cell) { ++m_cellStart[static_cast<std::size_t>(cell) + 1]; });
+    for (std::size_t c = 1; c < m_cellStart.size(); ++c)
+        m_cellStart[c] += m_cellStart[c - 1];
+    m_cellSegments.assign(static_cast<std::size_t>(m_cellStart.back()), 0);
+    std::vector<int> fill(m_cellStart.begin(), m_cellStart.end() - 1);
+    for (int i = 0; i < static_cast<int>(m_segments.size()); ++i)
+    {
+        if (!forEachCell(m_segments[static_cast<std::size_t>(i)],
+                         [&](int cell) { m_cellSegments[static_cast<std::size_t>(fill[static_cast<std::size_t>(cell)]++)] = i; }))
+            m_longSegments.push_back(i);
+    }
+}
+
+bool CZoSegmentIndex::SegmentHits(int segment, const QPointF& p, double halfWidth) const
+{
+    const QLineF& s = m_segments[static_cast<std::size_t>(segment)];
+    const QPointF a = s.p1();
+    const QPointF d = s.p2() - a;
+    const double length2 = d.x() * d.x() + d.y() * d.y();
+    double t = 0.0;
+    if (length2 > 0.0)
+        t = std::clamp(((p.x() - a.x()) * d.x() + (p.y() - a.y()) * d.y()) / length2, 0.0, 1.0);
+    const QPointF nearest = a + d * t;
+    const double dx = p.x() - nearest.x();
+    const double dy = p.y() - nearest.y();
+    return dx * dx + dy * dy <= halfWidth * halfWidth;
+}
+
+bool CZoSegmentIndex::Hits(const QPointF& point, double halfWidth) const
+{
+    if (m_segments.empty() || !std::isfinite(point.x()) || !std::isfinite(point.y()))
+        return false;
+    for (int segment : m_longSegments)
+        if (SegmentHits(segment, point, halfWidth))
+            return true;
+    const QRectF probe(point.x() - halfWidth, point.y() - halfWidth, 2 * halfWidth, 2 * halfWidth);
+    if (!probe.intersects(m_bounds.adjusted(-m_cellSize, -m_cellSize, m_cellSize, m_cellSize)))
+        return false;
+    const int c0 = std::clamp(static_cast<int>(std::floor((probe.left() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
+    const int c1 = std::clamp(static_cast<int>(std::floor((probe.right() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
+    const int r0 = std::clamp(static_cast<int>(std::floor((probe.top() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
+    const int r1 = std::clamp(static_cast<int>(std::floor((probe.bottom() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
+    for (int r = r0; r <= r1; ++r)
+    {
+        for (int c = c0; c <= c1; ++c)
+        {
+            const std::size_t cell = static_cast<std::size_t>(r * m_columns + c);
+            if (cell + 1 >= m_cellStart.size())
+                continue;
+            for (int k = m_cellStart[cell]; k < m_cellStart[cell + 1]; ++k)
+                if (SegmentHits(m_cellSegments[static_cast<std::size_t>(k)], point, halfWidth))
+                    return true;
+        }
+    }
+    return false;
+}
+} // namespace ZoPointList

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QLineF>
+#include <QPolygonF>
+#include <QRectF>
+#include <vector>
+
+class QPainter;
+class QPen;
+
+namespace ZoPointList
+{
+// Bounding rectangle of every point of every line; null without points.
+QRectF BoundsOf(const std::vector<QPolygonF>& lines);
+
+// Draws an open polyline as QPainter::drawPolyline does. Points closer than
+// a quarter of a device pixel to the last one kept are dropped, and a wide
+// solid pen strokes the line in short overlapping runs: Qt strokes a long
+// wide polyline as one huge outline, many times slower than drawing it thin.
+void DrawPolyline(QPainter* painter, const QPolygonF& points, const QPen& pen);
+
+// The two wing points of an arrow whose tip and base are given: at distance
+// length from the tip, turned 22.5 degrees either side of the direction from
+// the tip towards the base. False when tip and base coincide.
+bool ArrowWings(const QPointF& tip, const QPointF& base, double length, QPointF* left, QPointF* right);
+
+// Segments of polylines bucketed on a grid: a point query visits only the
+// segments near it, so hovering over a line of a million points stays cheap.
+class CZoSegmentIndex
+{
+public:
+    // Each line is open; closed lines repeat their first point at the end.
+    void Build(const std::vector<QPolygonF>& lines);
+    bool IsBuilt() const { return m_built; }
+    void Reset();
+    // True when a segment passes within halfWidth of point.
+    bool Hits(const QPointF& point, double halfWidth) const;
+
+private:
+    bool SegmentHits(int segment, const QPointF& point, double halfWidth) const;
+
+    bool m_built = false;
+    std::vector<QLineF> m_segments;
+    std::vector<int> m_cellStart; // CSR over cells: segments of cell c are m_cellSegments[start[c]..start[c+1])
+    std::vector<int> m_cellSegments;
+    std::vector<int> m_longSegments; // spanning too many cells: always tested
+    QRectF m_bounds;
+    double m_cellSize = 1.0;
+    int m_columns = 0;
+    int m_rows = 0;
+};
+} // namespace ZoPointList

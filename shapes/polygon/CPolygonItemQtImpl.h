@@ -1,0 +1,13 @@
+#pragma once
+
+#include "shapes/pointlist/TZoFillItem.h"
+
+#include <QGraphicsItem>
+
+class CZoPolygonMapObject;
+
+class CPolygonItemQtImpl final : public TZoFillItem<QGraphicsItem, CZoPolygonMapObject, 100>
+{
+public:
+    explicit CPolygonItemQtImpl(CZoPolygonMapObject* owner) : TZoFillItem(owner) {}
+};

@@ -1,0 +1,138 @@
+#include "support/ImageCompare.h"
+#include "support/ModuleFixture.h"
+
+#include "content/canvas/CZoLayerCanvasMapObject.h"
+
+#include <ZoGraphics/ZoTileModel.h>
+
+#include <QCoreApplication>
+#include <QGraphicsItem>
+#include <QPainter>
+
+using Messages = std::vector<std::string>;
+
+namespace
+{
+// A 4 x 2 picture whose quadrants tell which way up it was drawn: red top
+// left, green top right, blue bottom left, yellow bottom right.
+QImage Quadrants()
+{
+    QImage image(4, 2, QImage::Format_ARGB32);
+    image.setPixelColor(0, 0, Qt::red);
+    image.setPixelColor(1, 0, Qt::red);
+    image.setPixelColor(2, 0, Qt::green);
+    image.setPixelColor(3, 0, Qt::green);
+    image.setPixelColor(0, 1, Qt::blue);
+    image.setPixelColor(1, 1, Qt::blue);
+    image.setPixelColor(2, 1, Qt::yellow);
+    image.setPixelColor(3, 1, Qt::yellow);
+    return image;
+}
+} // namespace
+
+class LayerCanvas : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("canvases");
+        canvas = module.CreateLayerCanvasMapObject("canvas", layer);
+        ASSERT_NE(canvas, nullptr);
+        log.Clear();
+    }
+    QGraphicsItem* Item() const { return canvas->GetQtItem(); }
+    QImage Render(int width, int height) const
+    {
+        QImage image = BlankCanvas(width, height);
+        QPainter painter(&image);
+        Item()->paint(&painter, nullptr, nullptr);
+        painter.end();
+        return image;
+    }
+
+    IZoGraphicsMapLayer* layer = nullptr;
+    IZoLayerCanvasMapObject* canvas = nullptr;
+};
+
+TEST_F(LayerCanvas, IsFoundByNameAndStartsEmpty)
+{
+    EXPECT_EQ(module.LookupLayerCanvasMapObject("canvas"), canvas);
+    EXPECT_TRUE(canvas->GetImage().isNull());
+    EXPECT_EQ(canvas->GetExtent(), EXTENT());
+}
+
+TEST_F(LayerCanvas, ExtentBeforeInitialiseIsRefused)
+{
+    CZoLayerCanvasMapObject loose;
+    LogCapture capture;
+    loose.SetExtent(EXTENT{1.0, 2.0, 3.0, 4.0});
+    EXPECT_EQ(loose.GetExtent(), EXTENT());
+    EXPECT_EQ(capture.Messages(), (Messages{"[CZoLayerCanvasMapObject::SetExtent] MapModule模块未初始化设置"}));
+    // Pictures need no map.
+    loose.SetImage(Quadrants());
+    EXPECT_EQ(loose.GetImage(), Quadrants());
+}
+
+TEST_F(LayerCanvas, ItemSpansTheExtentFromItsTopLeftCorner)
+{
+    canvas->SetExtent(EXTENT{10.0, 20.0, 30.0, 40.0});
+    EXPECT_EQ(Item()->pos(), QPointF(100.0, -400.0));
+    EXPECT_EQ(Item()->boundingRect(), QRectF(0.0, 0.0, 200.0, 200.0));
+    // The host zooms: the next position update follows the new pixels.
+    map.pixelsPerDegree = 20.0;
+    canvas->UpdatePosition();
+    EXPECT_EQ(Item()->pos(), QPointF(200.0, -800.0));
+    EXPECT_EQ(Item()->boundingRect(), QRectF(0.0, 0.0, 400.0, 400.0));
+    // Bad extents are ignored.
+    canvas->SetExtent(EXTENT{std::nan(""), 0.0, 1.0, 1.0});
+    canvas->SetExtent(EXTENT{0.0, 0.0, HUGE_VAL, 1.0});
+    EXPECT_EQ(canvas->GetExtent(), (EXTENT{10.0, 20.0, 30.0, 40.0}));
+    const CAABB box = canvas->GetBoundingBox();
+    EXPECT_EQ(box.min.x, 10.0);
+    EXPECT_EQ(box.min.y, 20.0);
+    EXPECT_EQ(box.max.x, 30.0);
+    EXPECT_EQ(box.max.y, 40.0);
+    EXPECT_EQ(box.min.z, 0.0);
+    EXPECT_EQ(box.max.z, 0.0);
+}
+
+TEST_F(LayerCanvas, NullImageDrawsNothingButStillTakesHits)
+{
+    canvas->SetExtent(EXTENT{0.0, 0.0, 4.0, 2.0});
+    canvas->SetImage(QImage());
+    const QImage painted = Render(40, 20);
+    EXPECT_EQ(painted, BlankCanvas(40, 20));
+    canvas->SetInteractive(true);
+    EXPECT_TRUE(map.Scene()->items(QPointF(20.0, -10.0)).contains(Item()));
+}
+
+TEST_F(LayerCanvas, ImageIsStretchedTheRightWayUp)
+{
+    canvas->SetExtent(EXTENT{0.0, 0.0, 8.0, 4.0});
+    canvas->SetImage(Quadrants());
+    const QImage painted = Render(80, 40);
+    EXPECT_EQ(painted.pixelColor(5, 5), QColor(Qt::red));
+    EXPECT_EQ(painted.pixelColor(75, 5), QColor(Qt::green));
+    EXPECT_EQ(painted.pixelColor(5, 35), QColor(Qt::blue));
+    EXPECT_EQ(painted.pixelColor(75, 35), QColor(Qt::yellow));
+    EXPECT_EQ(CompareWithReference(painted, QStringLiteral("canvas_quadrants"), 8, 0), QString());
+}
+
+TEST_F(LayerCanvas, CanvasPaintingSpansTheCornersAtTheLevel)
+{
+    canvas->SetExtent(EXTENT{-180.0, 0.0, 0.0, 85.0511287798});
+    canvas->SetImage(Quadrants());
+    // Web Mercator level 0: the north-west quarter of the world.
+    QImage target = BlankCanvas(256, 256);
+    QPainter painter(&target);
+    canvas->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    canvas->PaintOnCanvas(&painter, nullptr, 0, nullptr);
+    painter.end();
+    EXPECT_EQ(target.pixelColor(2, 2), QColor(Qt::red));
+    EXPECT_EQ(target.pixelColor(125, 2), QColor(Qt::green));
+    EXPECT_EQ(target.pixelColor(2, 125), QColor(Qt::blue));
+    EXPECT_EQ(target.pixelColor(125, 125), QColor(Qt::yellow));
+    EXPECT_EQ(target.pixelColor(130, 130), QColor(Qt::white));
+    EXPECT_EQ(log.Messages(), (Messages{"[CZoLayerCanvasMapObject::PaintOnCanvas] 传入参数为空"}));
+}

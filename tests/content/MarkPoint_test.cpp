@@ -1,0 +1,308 @@
+#include "support/ImageCompare.h"
+#include "support/ModuleFixture.h"
+#include "support/ScratchFiles.h"
+
+#include "content/markpoint/CZoMarkPointMapObject.h"
+
+#include <ZoGraphics/ZoCoreUtility.h>
+#include <ZoGraphics/ZoTileModel.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileIconProvider>
+#include <QFontMetrics>
+#include <QPainter>
+
+using Messages = std::vector<std::string>;
+
+namespace
+{
+// A 24 x 32 pin picture: a blue drop with a white centre.
+QPixmap PinPicture()
+{
+    QImage image(24, 32, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(30, 90, 200));
+    painter.drawEllipse(QRectF(1, 1, 22, 22));
+    painter.drawPolygon(QPolygonF({QPointF(4, 16), QPointF(20, 16), QPointF(12, 32)}));
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(QRectF(8, 8, 8, 8));
+    painter.end();
+    return QPixmap::fromImage(image);
+}
+
+QByteArray PngBytes(const QPixmap& picture)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    return bytes;
+}
+} // namespace
+
+class MarkPoint : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("pins");
+        pin = module.CreateMarkPointMapObject("pin", layer);
+        ASSERT_NE(pin, nullptr);
+        log.Clear();
+    }
+    CMarkPointItemQtImpl* Item() const { return static_cast<CMarkPointItemQtImpl*>(pin->GetQtItem()); }
+    const CZoNameLabel& Label() const { return static_cast<CZoMarkPointMapObject*>(pin)->Core().Label(); }
+
+    ScratchFiles files;
+    IZoGraphicsMapLayer* layer = nullptr;
+    IZoMarkPointMapObject* pin = nullptr;
+};
+
+TEST_F(MarkPoint, IsFoundAsALabelObject)
+{
+    EXPECT_EQ(module.LookupLabelMapObject("pin"), pin);
+    EXPECT_EQ(module.LookupLabelMapObject("none"), nullptr);
+    EXPECT_TRUE(pin->IsIconVisible());
+    EXPECT_EQ(pin->GetLabelPosition(), 0u);
+    EXPECT_EQ(pin->GetLabelAlignment(), 1u);
+}
+
+TEST_F(MarkPoint, AnglesStayInsideAFullTurn)
+{
+    const std::vector<std::pair<double, double>> cases = {{725.0, 5.0}, {-725.0, -5.0}, {360.0, 0.0}, {-360.0, 0.0},
+                                                          {359.5, 359.5}, {1e300, std::fmod(1e300, 360.0)}};
+    for (const auto& [given, stored] : cases)
+    {
+        pin->SetRotateAngle(given);
+        EXPECT_EQ(pin->GetRotateAngle(), stored) << given;
+    }
+    pin->SetRotateAngle(std::nan(""));
+    EXPECT_TRUE(std::isfinite(pin->GetRotateAngle()));
+}
+
+TEST_F(MarkPoint, IconSizeTakesThePicturesWhereUnset)
+{
+    pin->SetIconSize(32.0, 0.0);
+    pin->SetIcon(PinPicture());
+    EXPECT_EQ(pin->GetIconWidth(), 32.0);
+    EXPECT_EQ(pin->GetIconHeight(), 32.0);
+    pin->SetIconSize(0.0, 0.0);
+    pin->SetIcon(PinPicture());
+    EXPECT_EQ(pin->GetIconWidth(), 24.0);
+    EXPECT_EQ(pin->GetIconHeight(), 32.0);
+}
+
+TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOrigin)
+{
+    map.ChangeViewScale(2.0);
+    pin->SetIcon(PinPicture());
+    pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    EXPECT_EQ(Item()->IconRect(), QRectF(-6.0, -16.0, 12.0, 16.0));
+    // No size: a 3-pixel square.
+    pin->SetIconSize(-1.0, 10.0);
+    EXPECT_EQ(Item()->IconRect(), QRectF(-6.0, -16.0, 1.5, 1.5));
+    pin->SetIconVisible(false);
+    EXPECT_TRUE(Item()->IconRect().isNull());
+    // The frame is the pin grown by 20 pixels on every side.
+    pin->SetIconVisible(true);
+    pin->SetIconSize(24.0, 32.0);
+    EXPECT_EQ(Item()->boundingRect(), QRectF(-16.0, -26.0, 32.0, 36.0));
+    EXPECT_EQ(Item()->shape().boundingRect(), QRectF(-6.0, -16.0, 12.0, 16.0));
+}
+
+TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
+{
+    pin->SetName("Label");
+    pin->SetNameVisible(true);
+    pin->SetIcon(PinPicture());
+    pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0)); // the tip of the pin
+    const QFontMetrics metrics(Label().font);
+    const double w = metrics.horizontalAdvance(QStringLiteral("Label"));
+    const double h = metrics.height();
+    struct Case
+    {
+        unsigned int position, alignment;
+        double x, y;
+    };
+    // Icon corners relative to the anchor: left -12, right 12, top -32, bottom 0.
+    const std::vector<Case> cases = {
+        {0, 0, -12, -32},         {0, 1, -w / 2, -32},      {0, 2, 12 - w, -32},
+        {1, 0, -12, h},           {1, 1, -w / 2, h},        {1, 2, 12 - w, h},
+        {2, 0, -12 - w, -32 + h}, {2, 1, -12 - w, -16 + h / 2}, {2, 2, -12 - w, 0},
+        {3, 0, 12, -32 + h},      {3, 1, 12, -16 + h / 2},  {3, 2, 12, 0},
+        {4, 0, -w / 2, -16 + h / 2}, {4, 2, -w / 2, -16 + h / 2},
+    };
+    for (const Case& c : cases)
+    {
+        pin->SetLabelPosition(c.position);
+        pin->SetLabelAlignment(c.alignment);
+        EXPECT_FLOAT_EQ(Label().originX, static_cast<float>(c.x)) << c.position << "/" << c.alignment;
+        EXPECT_FLOAT_EQ(Label().originY, static_cast<float>(c.y)) << c.position << "/" << c.alignment;
+        EXPECT_TRUE(Item()->ItemRect().contains(Item()->IconRect()));
+        EXPECT_GE(Item()->ItemRect().width(), w);
+    }
+}
+
+TEST_F(MarkPoint, BoxOfAnyPinHasNoExtent)
+{
+    pin->SetIcon(PinPicture());
+    pin->SetPosition(CVector3D(116.4, 39.9, 0.0));
+    const CAABB box = pin->GetBoundingBox();
+    EXPECT_EQ(box.min.x, box.max.x);
+    EXPECT_EQ(box.min.y, box.max.y);
+    EXPECT_EQ(box.max.x, 116.4);
+    EXPECT_EQ(Item()->pos(), QPointF(1164.0, -399.0));
+}
+
+// --- icon files --------------------------------------------------------------
+
+TEST_F(MarkPoint, ImageFilesLoadEvenUnderAWrongOrChineseName)
+{
+    const QByteArray png = PngBytes(PinPicture());
+    pin->SetIconFile(files.Write(QString::fromUtf8("图标.png"), png));
+    EXPECT_EQ(pin->GetIcon().size(), QSize(24, 32));
+    EXPECT_EQ(pin->GetIconFile(), files.Path(QString::fromUtf8("图标.png")));
+    // A PNG called .jpg is still read, from its content.
+    pin->SetIcon(QPixmap());
+    pin->SetIconFile(files.Write(QStringLiteral("pin.jpg"), png));
+    EXPECT_EQ(pin->GetIcon().size(), QSize(24, 32));
+    EXPECT_TRUE(log.Messages().empty());
+}
+
+TEST_F(MarkPoint, BrokenImageFilesClearTheIconAndLeaveTheDot)
+{
+    const QByteArray png = PngBytes(PinPicture());
+    const std::vector<std::string> broken = {
+        files.Write(QStringLiteral("empty.png"), QByteArray()),
+        files.Write(QStringLiteral("truncated.png"), png.left(40)),
+        files.Write(QStringLiteral("garbage.png"), QByteArray("\x89PNG\r\n\x1a\nnot really", 18)),
+        files.Path(QStringLiteral("missing.png")),
+        std::string("\xff\xfe\x81", 3),
+    };
+    for (const std::string& path : broken)
+    {
+        pin->SetIcon(PinPicture());
+        pin->SetIconFile(path);
+        EXPECT_TRUE(pin->GetIcon().isNull()) << path;
+        EXPECT_EQ(pin->GetIconFile(), path);
+    }
+}
+
+TEST_F(MarkPoint, FileTypeDecidesBetweenPictureSystemIconAndNothing)
+{
+    pin->SetIcon(PinPicture());
+    pin->SetIconFile(files.Write(QStringLiteral("notes.txt"), "plain words\n"));
+    EXPECT_TRUE(pin->GetIcon().isNull());
+
+    const QByteArray mp4("\x00\x00\x00\x18" "ftypmp42\x00\x00\x00\x00mp42isom", 24);
+    const std::string video = files.Write(QStringLiteral("clip.mp4"), mp4);
+    pin->SetIconFile(video);
+    const QFileInfo info(files.FilePath(QStringLiteral("clip.mp4")));
+    const QPixmap expected = QFileIconProvider().icon(info).pixmap(64, 64, QIcon::Normal, QIcon::Off);
+    EXPECT_EQ(pin->GetIcon().size(), expected.size());
+    EXPECT_LE(pin->GetIcon().width(), 64);
+}
+
+// --- measuring ----------------------------------------------------------------
+
+TEST(MarkPointBoundingBox, IconWidthWinsOnceItPassesHalfTheText)
+{
+    const QFont font(QStringLiteral("DejaVu Sans"), 12);
+    const QFontMetrics metrics(font);
+    const std::string text = "ab\nlongest line";
+    const double t = metrics.horizontalAdvance(QStringLiteral("longest line"));
+    const double lines = metrics.height() * 2.0;
+    const CVector3D position(10.0, 50.0, 0.0);
+    const CTileModel* tiles = ITileModel::GetTileModel(2, true);
+    int px = 0;
+    int py = 0;
+    ASSERT_TRUE(tiles->ConvertGeoToPixel(&px, &py, 21, position.x, position.y));
+    const auto box = [&](int iconWidth) {
+        return CalculateTypicalMarkPointBoudingBox(text, font, position, iconWidth, 30, 2.0);
+    };
+    const auto expectWidth = [&](int iconWidth, double w) {
+        double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+        tiles->ConvertPixelToGeo(&x1, &y1, 21, px - w * 0.5 * 2.0, py - 30 * 2.0);
+        tiles->ConvertPixelToGeo(&x2, &y2, 21, px + w * 0.5 * 2.0, py + lines * 2.0);
+        const CAABB b = box(iconWidth);
+        EXPECT_DOUBLE_EQ(b.min.x, x1) << iconWidth;
+        EXPECT_DOUBLE_EQ(b.max.x, x2) << iconWidth;
+        EXPECT_DOUBLE_EQ(b.max.y, y1) << iconWidth;
+        EXPECT_DOUBLE_EQ(b.min.y, y2) << iconWidth;
+    };
+    const int narrow = static_cast<int>(t * 0.5) - 1;
+    const int past = static_cast<int>(t * 0.5) + 1; // still narrower than the text
+    expectWidth(narrow, t);
+    expectWidth(past, past);
+    EXPECT_TRUE(CalculateTypicalMarkPointBoudingBox(text, font, CVector3D(HUGE_VAL, 0, 0), 8, 8, 1.0).IsEmpty());
+}
+
+// --- painting -----------------------------------------------------------------
+
+namespace
+{
+QImage RenderPin(QGraphicsItem* item, int width = 140, int height = 100)
+{
+    QImage image = BlankCanvas(width, height);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(width / 2, height / 2);
+    item->paint(&painter, nullptr, nullptr);
+    painter.end();
+    return image;
+}
+} // namespace
+
+TEST_F(MarkPoint, PinsWithALabelOnEachSideMatchTheirReferences)
+{
+    pin->SetName("Pin");
+    pin->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    pin->SetNameVisible(true);
+    pin->SetIcon(PinPicture());
+    pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    for (unsigned int position = 0; position <= 4; ++position)
+    {
+        pin->SetLabelPosition(position);
+        const QString name = QStringLiteral("markpoint_label_%1").arg(position);
+        EXPECT_EQ(CompareWithReference(RenderPin(Item()), name, 16, 12), QString()) << position;
+    }
+}
+
+TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
+{
+    map.ChangeViewScale(0.5); // s = 2: radius 6
+    QImage image = RenderPin(Item(), 40, 40);
+    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(20 + 4, 20), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(20 + 9, 20), QColor(Qt::white));
+    // Hiding the icon hides the dot too.
+    pin->SetIconVisible(false);
+    image = RenderPin(Item(), 40, 40);
+    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::white));
+}
+
+TEST_F(MarkPoint, CanvasPaintingDrawsTheSamePinAtScaleOne)
+{
+    layer->SetAutoAdd(false);
+    IZoMarkPointMapObject* loose = module.CreateMarkPointMapObject("Pin", layer);
+    loose->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    loose->SetNameVisible(true);
+    loose->SetIcon(PinPicture());
+    loose->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    loose->SetLabelPosition(3);
+    map.ChangeViewScale(3.0);
+    QImage canvas = BlankCanvas(256, 256);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-58, -78); // pixel (128, 128) to (70, 50)
+    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    EXPECT_EQ(loose->GetQtItem(), nullptr);
+    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 140, 100), QStringLiteral("markpoint_label_3"), 16, 12),
+              QString());
+}

@@ -1,0 +1,325 @@
+#include "support/ImageCompare.h"
+#include "support/ModuleFixture.h"
+#include "support/ScratchFiles.h"
+
+#include "content/text/CZoTextMapObject.h"
+
+#include <ZoGraphics/ZoCoreUtility.h>
+#include <ZoGraphics/ZoTileModel.h>
+
+#include <QFontMetrics>
+#include <QGraphicsSceneMouseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextFrame>
+
+using Messages = std::vector<std::string>;
+
+class Text : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("texts");
+        text = module.CreateTextMapObject("text", layer);
+        ASSERT_NE(text, nullptr);
+        log.Clear();
+    }
+    QGraphicsTextItem* Item() const { return static_cast<QGraphicsTextItem*>(text->GetQtItem()); }
+    QTextDocument* Document() const { return Item()->document(); }
+    // The character format in force at a document position.
+    QTextCharFormat FormatAt(int position) const
+    {
+        QTextCursor cursor(Document());
+        cursor.setPosition(position);
+        return cursor.charFormat();
+    }
+    QTextFrameFormat Frame() const { return Document()->rootFrame()->frameFormat(); }
+    void Type(const QString& keys)
+    {
+        for (const QChar c : keys)
+        {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            map.Scene()->sendEvent(Item(), &press);
+        }
+    }
+
+    IZoGraphicsMapLayer* layer = nullptr;
+    IZoTextMapObject* text = nullptr;
+};
+
+TEST_F(Text, StartsWithItsOwnDefaults)
+{
+    EXPECT_EQ(text->GetTextColor(), QColor(Qt::red));
+    EXPECT_EQ(text->GetOutlineColor(), QColor(Qt::black));
+    EXPECT_EQ(text->GetOutlineWidth(), 1.0);
+    EXPECT_EQ(text->GetPadding(), 0.0);
+    EXPECT_EQ(text->GetBorderWidth(), 0.0);
+    EXPECT_EQ(text->GetBorderColor(), QColor(0, 0, 0, 0));
+    EXPECT_EQ(text->GetBackgroundColor(), QColor(0, 0, 0, 0));
+    EXPECT_EQ(text->GetFont().family(), QString::fromUtf8("微软雅黑"));
+    EXPECT_EQ(text->GetFont().pointSize(), 12);
+    EXPECT_TRUE(text->IsScaleWithMap());
+    EXPECT_FALSE(text->IsTextInteractionEnabled());
+    EXPECT_EQ(text->GetText(), "");
+}
+
+TEST_F(Text, StoredTextAnswersByModeWithoutAnItem)
+{
+    layer->SetAutoAdd(false);
+    IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
+    ASSERT_EQ(loose->GetQtItem(), nullptr);
+    loose->SetHtml("<b>x</b>");
+    EXPECT_EQ(loose->GetText(), "");
+    EXPECT_EQ(loose->GetHtml(), "<b>x</b>");
+    loose->SetText("plain");
+    EXPECT_EQ(loose->GetText(), "plain");
+    EXPECT_EQ(loose->GetHtml(), "");
+    // Dirty builds the item and loads the stored text into it.
+    loose->Dirty();
+    ASSERT_NE(loose->GetQtItem(), nullptr);
+    EXPECT_EQ(static_cast<QGraphicsTextItem*>(loose->GetQtItem())->toPlainText(), QStringLiteral("plain"));
+    EXPECT_TRUE(log.Messages().empty());
+}
+
+TEST_F(Text, FormatsAreReadBackFromTheDocumentAndSurviveReloads)
+{
+    QFont font(QStringLiteral("DejaVu Sans"), 20);
+    font.setWeight(QFont::Normal);
+    text->SetFont(font);
+    text->SetTextColor(QColor(10, 20, 30));
+    text->SetOutlineColor(QColor(200, 100, 0));
+    text->SetOutlineWidth(2.5);
+    text->SetPadding(4.0);
+    text->SetBorderWidth(1.5);
+    text->SetBorderColor(QColor(0, 0, 255));
+    text->SetBackgroundColor(QColor(255, 255, 0, 128));
+    text->SetText(Gb18030(QString::fromUtf8("北京\nBeijing")));
+    text->SetHtml("<p>one <i>two</i></p>");
+    for (int position : {1, 5})
+    {
+        const QTextCharFormat format = FormatAt(position);
+        EXPECT_EQ(format.intProperty(QTextFormat::FontWeight), 99) << position;
+        EXPECT_EQ(format.fontFamily(), QStringLiteral("DejaVu Sans"));
+        EXPECT_EQ(format.fontPointSize(), 20.0);
+        EXPECT_EQ(format.textOutline().color(), QColor(200, 100, 0));
+        EXPECT_EQ(format.textOutline().widthF(), 2.5);
+        EXPECT_EQ(format.textOutline().style(), Qt::SolidLine);
+        EXPECT_EQ(format.foreground(), QBrush(QColor(10, 20, 30)));
+    }
+    const QTextFrameFormat frame = Frame();
+    EXPECT_EQ(frame.padding(), 4.0);
+    EXPECT_EQ(frame.border(), 1.5);
+    EXPECT_EQ(frame.borderBrush(), QBrush(QColor(0, 0, 255)));
+    EXPECT_EQ(frame.background(), QBrush(QColor(255, 255, 0, 128)));
+    EXPECT_EQ(frame.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
+    EXPECT_EQ(frame.margin(), 0.0);
+
+    text->SetOutlineWidth(0.0);
+    EXPECT_EQ(FormatAt(1).textOutline().style(), Qt::NoPen);
+}
+
+TEST_F(Text, TypedKeysFlowBackInPlainAndHtmlMode)
+{
+    text->SetText("ab");
+    text->SetInteractive(true);
+    text->EnableTextInteraction(true);
+    ASSERT_TRUE(text->IsTextInteractionEnabled());
+    QTextCursor cursor = Item()->textCursor();
+    cursor.movePosition(QTextCursor::End);
+    Item()->setTextCursor(cursor);
+    Type(QStringLiteral("cd"));
+    EXPECT_EQ(text->GetText(), "abcd");
+    // Typed text takes the object's look at once.
+    EXPECT_EQ(FormatAt(4).intProperty(QTextFormat::FontWeight), 99);
+
+    text->SetHtml("<b>x</b>");
+    cursor = Item()->textCursor();
+    cursor.movePosition(QTextCursor::End);
+    Item()->setTextCursor(cursor);
+    Type(QString::fromUtf8("长"));
+    EXPECT_NE(text->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
+
+    // The stored text is the edited one: without the item it is what is left.
+    text->EnableTextInteraction(false);
+    EXPECT_FALSE(text->IsTextInteractionEnabled());
+    EXPECT_FALSE(Item()->flags().testFlag(QGraphicsItem::ItemIsFocusable));
+    text->Unintialise();
+    EXPECT_NE(text->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
+    EXPECT_EQ(text->GetText(), "");
+}
+
+TEST_F(Text, InteractionNeedsAPresentedVisibleItem)
+{
+    text->SetVisible(false);
+    text->EnableTextInteraction(true);
+    text->SetVisible(true);
+    text->RemoveFromScene();
+    text->EnableTextInteraction(true);
+    EXPECT_FALSE(text->IsTextInteractionEnabled());
+    layer->SetAutoAdd(false);
+    module.CreateTextMapObject("loose", layer)->EnableTextInteraction(true);
+    EXPECT_EQ(log.Messages(), (Messages{"[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
+                                        "[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
+                                        "[CZoTextMapObject::EnableTextInteraction] Qt-Item不存在"}));
+}
+
+TEST_F(Text, ClicksOnAnEditableTextAreRecordedAndGoOnToTheView)
+{
+    text->SetText("click");
+    text->SetInteractive(true);
+    text->EnableTextInteraction(true);
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    press.setButton(Qt::LeftButton);
+    press.accept();
+    map.Scene()->sendEvent(Item(), &press);
+    EXPECT_FALSE(press.isAccepted());
+    const QVariantList hits = map.GetEventObject()->property("Scene_MousePress").toList();
+    ASSERT_EQ(hits.size(), 1);
+    EXPECT_EQ(hits[0].toInt(), text->GetObjectID());
+}
+
+TEST_F(Text, AnglesNormaliseAndTheVectorCarriesIt)
+{
+    text->SetRotateAngle(370.0);
+    EXPECT_EQ(text->GetRotateAngle(), 10.0);
+    EXPECT_EQ(Item()->rotation(), 10.0);
+    text->SetRotationVector(CVector3D(1.0, 2.0, -30.0));
+    EXPECT_EQ(text->GetRotationVector(), CVector3D(1.0, 2.0, -30.0));
+    EXPECT_EQ(Item()->rotation(), text->GetRotateAngle());
+    text->SetRotateAngle(std::nan(""));
+    EXPECT_EQ(Item()->rotation(), text->GetRotateAngle());
+    // The base edit angle stays silent for text.
+    text->SetEditAngle(40.0);
+    EXPECT_EQ(text->GetEditAngle(), 0.0);
+}
+
+TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
+{
+    map.ChangeViewScale(4.0);
+    EXPECT_EQ(Item()->scale(), 0.25);
+    text->SetScaleWithMap(false);
+    EXPECT_EQ(Item()->scale(), 1.0);
+    map.ChangeViewScale(2.0);
+    EXPECT_EQ(Item()->scale(), 1.0);
+    // Rebuild follows the map's scale whatever the switch says.
+    text->Rebuild(8.0);
+    EXPECT_EQ(Item()->scale(), 0.125);
+    text->Rebuild(0.0);
+    text->Rebuild(-3.0);
+    text->SetResolution(0.0);
+    EXPECT_EQ(Item()->scale(), 0.125);
+}
+
+TEST_F(Text, PositionIsTheTopLeftCorner)
+{
+    text->SetText("corner");
+    text->SetPosition(CVector3D(3.0, 4.0, 0.0));
+    EXPECT_EQ(Item()->pos(), QPointF(30.0, -40.0));
+    EXPECT_EQ(Item()->boundingRect().topLeft(), QPointF(0.0, 0.0));
+}
+
+TEST_F(Text, InvalidGb18030BytesDoNotBreakTheText)
+{
+    const std::string bad("ok\x81\x30\xff\x81", 6);
+    text->SetText(bad);
+    EXPECT_TRUE(text->GetText().rfind("ok", 0) == 0);
+    EXPECT_FALSE(Item()->boundingRect().isEmpty());
+    const CAABB box = CalculateTextBoundingBox(bad, text->GetFont(), CVector3D(1.0, 1.0, 0.0), 1.0);
+    EXPECT_FALSE(box.IsEmpty());
+}
+
+// --- measuring -------------------------------------------------------------------
+
+TEST(TextBoundingBox, MeasuresTheLongestLineByCharactersAndEveryLine)
+{
+    QFont font(QStringLiteral("DejaVu Sans"), 14);
+    const QFontMetrics metrics(font);
+    // "iiiiii" has the most characters and "WW" the most pixels: the
+    // characters win.
+    const std::string block = "WW\n\niiiiii";
+    const CVector3D position(116.4, 39.9, 0.0);
+    const double scale = 0.5;
+    const CAABB box = CalculateTextBoundingBox(block, font, position, scale);
+
+    const CTileModel* tiles = ITileModel::GetTileModel(2, true);
+    int px = 0;
+    int py = 0;
+    ASSERT_TRUE(tiles->ConvertGeoToPixel(&px, &py, 21, position.x, position.y));
+    double x = 0.0;
+    double y = 0.0;
+    tiles->ConvertPixelToGeo(&x, &y, 21, px + metrics.horizontalAdvance(QStringLiteral("iiiiii")) * scale,
+                             py + metrics.height() * 3 * scale);
+    EXPECT_DOUBLE_EQ(box.min.x, position.x);
+    EXPECT_DOUBLE_EQ(box.max.x, x);
+    EXPECT_DOUBLE_EQ(box.max.y, position.y);
+    EXPECT_DOUBLE_EQ(box.min.y, y);
+}
+
+TEST(TextBoundingBox, NonFinitePositionsGiveAnEmptyBox)
+{
+    const QFont font;
+    EXPECT_TRUE(CalculateTextBoundingBox("x", font, CVector3D(std::nan(""), 0.0, 0.0), 1.0).IsEmpty());
+    EXPECT_TRUE(CalculateTextBoundingBox("x", font, CVector3D(0.0, 0.0, 0.0), HUGE_VAL).IsEmpty());
+}
+
+TEST_F(Text, ObjectBoxUsesTheWholeMapScale)
+{
+    text->SetText("abc");
+    text->SetPosition(CVector3D(10.0, 20.0, 0.0));
+    map.viewScale = 2.7; // the host's scale counts in whole steps: 2
+    const CAABB box = text->GetBoundingBox();
+    const CAABB expected = CalculateTextBoundingBox("abc", text->GetFont(), CVector3D(10.0, 20.0, 0.0), 0.5);
+    EXPECT_EQ(box.max.x, expected.max.x);
+    EXPECT_EQ(box.min.y, expected.min.y);
+}
+
+// --- painting ---------------------------------------------------------------------
+
+namespace
+{
+// Outlined text in a framed, tinted box: what the reference shows.
+void StyleForPainting(IZoTextMapObject* text)
+{
+    text->SetFont(QFont(QStringLiteral("DejaVu Sans"), 18));
+    text->SetOutlineWidth(1.0);
+    text->SetBackgroundColor(QColor(220, 230, 255));
+    text->SetBorderWidth(2.0);
+    text->SetBorderColor(QColor(40, 60, 160));
+    text->SetPadding(3.0);
+    text->SetText("Zo map");
+}
+} // namespace
+
+TEST_F(Text, OutlinedTextMatchesItsReference)
+{
+    StyleForPainting(text);
+    QImage image = BlankCanvas(160, 60);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(8, 8);
+    Item()->paint(&painter, nullptr, nullptr);
+    painter.end();
+    EXPECT_EQ(CompareWithReference(image, QStringLiteral("text_outline"), 16, 24), QString());
+}
+
+TEST_F(Text, CanvasPaintingBuildsATemporaryDocument)
+{
+    layer->SetAutoAdd(false);
+    IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
+    StyleForPainting(loose);
+    // Web Mercator level 0: (0, 0) is pixel (128, 128).
+    QImage canvas = BlankCanvas(256, 256);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-120, -120);
+    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    loose->PaintOnCanvas(nullptr, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    EXPECT_EQ(loose->GetQtItem(), nullptr);
+    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 160, 60), QStringLiteral("text_outline"), 16, 24), QString());
+    EXPECT_EQ(log.Messages(), (Messages{"[CZoTextMapObject::PaintOnCanvas] 传入参数为空"}));
+}

@@ -1,0 +1,152 @@
+#include "support/ModuleFixture.h"
+
+#include "content/widget/CZoWidgetMapObject.h"
+
+#include <ZoGraphics/ZoTileModel.h>
+
+#include <QGraphicsProxyWidget>
+#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsSceneWheelEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QSignalSpy>
+
+class Widget : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("widgets");
+        object = module.CreateWidgetMapObject("widget", layer);
+        ASSERT_NE(object, nullptr);
+        log.Clear();
+    }
+    QGraphicsProxyWidget* Item() const { return static_cast<QGraphicsProxyWidget*>(object->GetQtItem()); }
+    QVariant Property(const char* name) { return map.GetEventObject()->property(name); }
+
+    IZoGraphicsMapLayer* layer = nullptr;
+    IZoWidgetMapObject* object = nullptr;
+};
+
+TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
+{
+    EXPECT_EQ(module.LookupWidgetMapObject("widget"), object);
+    QWidget first;
+    first.resize(200, 100);
+    object->SetWidget(&first);
+    EXPECT_EQ(object->GetWidget(), &first);
+    EXPECT_EQ(object->GetWidth(), 200);
+    EXPECT_EQ(object->GetHeight(), 100);
+    EXPECT_EQ(Item()->geometry().size(), QSizeF(200, 100));
+    object->SetSize(50, 50);
+    QWidget second;
+    second.resize(300, 30);
+    object->SetWidget(&second);
+    EXPECT_EQ(object->GetWidth(), 50);
+    EXPECT_EQ(object->GetHeight(), 50);
+    EXPECT_EQ(Item()->widget()->findChild<QWidget*>(), &second);
+    // Half a size is no size: the widget's fills it.
+    object->SetSize(0, 40);
+    QWidget third;
+    third.resize(120, 60);
+    object->SetWidget(&third);
+    EXPECT_EQ(object->GetWidth(), 120);
+    EXPECT_EQ(object->GetHeight(), 60);
+    object->SetWidget(nullptr);
+    EXPECT_EQ(Item()->widget()->findChild<QWidget*>(), nullptr);
+    // Widgets that were replaced are handed back as they came.
+    EXPECT_EQ(third.parentWidget(), nullptr);
+    EXPECT_FALSE(third.isVisible());
+    EXPECT_EQ(object->GetWidth(), 120);
+}
+
+TEST_F(Widget, TheAnchorPixelStandsOnThePosition)
+{
+    QWidget form;
+    form.resize(200, 100);
+    object->SetWidget(&form);
+    object->SetAnchor(CVector3D(100.0, 50.0, 0.0));
+    object->SetPosition(CVector3D(3.0, 4.0, 0.0));
+    EXPECT_EQ(Item()->pos(), QPointF(30.0 - 100.0, -40.0 - 50.0));
+    EXPECT_EQ(Item()->mapToScene(QPointF(100.0, 50.0)), QPointF(30.0, -40.0));
+    // Zoomed in twice: the widget keeps its pixels, the anchor offset halves
+    // in scene units.
+    map.ChangeViewScale(2.0);
+    EXPECT_EQ(Item()->pos(), QPointF(30.0 - 50.0, -40.0 - 25.0));
+    EXPECT_TRUE(Item()->flags().testFlag(QGraphicsItem::ItemIgnoresTransformations));
+    object->SetAnchor(CVector3D(std::nan(""), 0.0, 0.0));
+    EXPECT_EQ(object->GetAnchor(), CVector3D(100.0, 50.0, 0.0));
+}
+
+TEST_F(Widget, PressAndWheelAreGrabbedAndStillReachTheWidget)
+{
+    QPushButton button(QStringLiteral("OK"));
+    button.resize(80, 30);
+    object->SetWidget(&button);
+    object->SetInteractive(true);
+    QSignalSpy clicked(&button, &QPushButton::clicked);
+
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    press.setButton(Qt::LeftButton);
+    press.setButtons(Qt::LeftButton);
+    press.setPos(QPointF(40, 15));
+    map.Scene()->sendEvent(Item(), &press);
+    QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
+    release.setButton(Qt::LeftButton);
+    release.setPos(QPointF(40, 15));
+    map.Scene()->sendEvent(Item(), &release);
+    QGraphicsSceneWheelEvent wheel(QEvent::GraphicsSceneWheel);
+    wheel.setDelta(120);
+    wheel.setPos(QPointF(40, 15));
+    map.Scene()->sendEvent(Item(), &wheel);
+
+    const int id = object->GetObjectID();
+    EXPECT_EQ(Property("Scene_MousePress").toList(), QVariantList{id});
+    EXPECT_EQ(Property("Scene_MousePressGrab"), QVariant(true));
+    EXPECT_EQ(Property("Scene_MouseRelease").toList(), QVariantList{id});
+    EXPECT_EQ(Property("Scene_WheelPress").toList(), QVariantList{id});
+    EXPECT_EQ(Property("Scene_WheelPressGrab"), QVariant(true));
+    EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST_F(Widget, TheCallersWidgetOutlivesTheObjectAndMayGoFirst)
+{
+    QPointer<QWidget> kept = new QWidget;
+    kept->resize(20, 20);
+    object->SetWidget(kept);
+    module.DestroyGraphicsMapObject(object);
+    ASSERT_FALSE(kept.isNull());
+    EXPECT_EQ(kept->parentWidget(), nullptr);
+    delete kept.data();
+
+    IZoWidgetMapObject* other = module.CreateWidgetMapObject("other", layer);
+    auto* gone = new QWidget;
+    other->SetWidget(gone);
+    delete gone;
+    EXPECT_EQ(other->GetWidget(), nullptr);
+    other->Dirty();
+    EXPECT_EQ(static_cast<QGraphicsProxyWidget*>(other->GetQtItem())->widget()->findChild<QWidget*>(), nullptr);
+}
+
+TEST_F(Widget, CanvasPaintingRendersTheWidgetFromItsAnchor)
+{
+    QWidget swatch;
+    swatch.resize(20, 10);
+    swatch.setAutoFillBackground(true);
+    QPalette palette = swatch.palette();
+    palette.setColor(QPalette::Window, QColor(200, 30, 30));
+    swatch.setPalette(palette);
+    object->SetWidget(&swatch);
+    object->SetAnchor(CVector3D(10.0, 10.0, 0.0));
+    QImage canvas(256, 256, QImage::Format_ARGB32);
+    canvas.fill(Qt::white);
+    QPainter painter(&canvas);
+    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    // (0, 0) is pixel (128, 128) at level 0; the widget ends there at its bottom.
+    EXPECT_EQ(canvas.pixelColor(120, 120), QColor(200, 30, 30));
+    EXPECT_EQ(canvas.pixelColor(137, 127), QColor(200, 30, 30));
+    EXPECT_EQ(canvas.pixelColor(120, 130), QColor(Qt::white));
+    EXPECT_EQ(canvas.pixelColor(115, 115), QColor(Qt::white));
+}

@@ -1,0 +1,231 @@
+#include "support/ImageCompare.h"
+#include "support/ModuleFixture.h"
+
+#include "shapes/circle/CZoCircleMapObject.h"
+
+#include <ZoGraphics/ZoTileModel.h>
+
+#include <QGraphicsItem>
+#include <QPainter>
+
+#include <cmath>
+#include <limits>
+
+using Messages = std::vector<std::string>;
+
+// The fake map module projects 10 pixels per degree, y downwards.
+class Circle : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("circles");
+        circle = module.CreateCircleMapObject("circle", layer);
+        ASSERT_NE(circle, nullptr);
+        circle->SetCenter(CVector3D(2.0, 3.0, 0.0));
+        circle->SetRadiusPoint(CVector3D(3.0, 3.0, 0.0));
+        log.Clear();
+    }
+    QRectF ShapeRect() const { return circle->GetQtItem()->shape().boundingRect(); }
+    const CZoNameLabel& Label() const { return static_cast<CZoCircleMapObject*>(circle)->Core().Label(); }
+    CVector3D Rim() const { return static_cast<CZoCircleMapObject*>(circle)->GetRimPoint(); }
+
+    IZoGraphicsMapLayer* layer = nullptr;
+    IZoCircleMapObject* circle = nullptr;
+};
+
+TEST_F(Circle, TheRimStaysDueEastAndFollowsTheCentre)
+{
+    circle->SetRadiusPoint(CVector3D(2.0, 5.0, 9.0)); // north, 2 degrees away
+    EXPECT_EQ(Rim().x, 4.0);
+    EXPECT_EQ(Rim().y, 3.0);
+    EXPECT_EQ(Rim().z, 0.0);
+    EXPECT_DOUBLE_EQ(circle->GetRadius(), 2.0);
+
+    circle->SetCenter(CVector3D(-1.0, 1.0, 0.0));
+    EXPECT_EQ(Rim().x, 1.0);
+    EXPECT_EQ(Rim().y, 1.0);
+    EXPECT_DOUBLE_EQ(circle->GetRadius(), 2.0);
+    EXPECT_EQ(circle->GetQtItem()->pos(), QPointF(-10.0, -10.0));
+    EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
+}
+
+TEST_F(Circle, ShapeIsTheWholePixelRadiusGrownByTheFullPenWidth)
+{
+    EXPECT_EQ(ShapeRect(), QRectF(-11, -11, 22, 22));
+    circle->SetPenWidth(3.0f); // rebuilds at once
+    EXPECT_EQ(ShapeRect(), QRectF(-13, -13, 26, 26));
+    // 1.04 degrees is 10.4 pixels: the radius is whole pixels.
+    circle->SetRadiusPoint(CVector3D(3.04, 3.0, 0.0));
+    EXPECT_EQ(ShapeRect(), QRectF(-13, -13, 26, 26));
+    // Pixel sizes do not follow the view scale; only the label margin does.
+    map.ChangeViewScale(2.0);
+    EXPECT_EQ(ShapeRect(), QRectF(-13, -13, 26, 26));
+    EXPECT_EQ(circle->GetQtItem()->boundingRect(), QRectF(-113, -113, 226, 226));
+}
+
+TEST_F(Circle, ARimOnTheCentreHasNoShape)
+{
+    circle->SetRadiusPoint(CVector3D(2.0, 3.0, 0.0));
+    EXPECT_TRUE(circle->GetQtItem()->shape().isEmpty());
+    EXPECT_EQ(circle->GetRadius(), 0.0);
+}
+
+TEST_F(Circle, LabelStandsOnTheMiddleOfEachSideWhateverTheAlignment)
+{
+    circle->SetNameVisible(true);
+    circle->SetLabelPosition(0);
+    EXPECT_EQ(Label().originY, -10.0);
+    const double x = Label().originX;
+    circle->SetLabelAlignment(0);
+    circle->SetLabelPosition(0);
+    EXPECT_EQ(Label().originX, x);
+    circle->SetLabelPosition(3);
+    EXPECT_EQ(Label().originX, 10.0);
+    // Label positions are item pixels: at half the scale the rim is twice as far.
+    map.ChangeViewScale(2.0);
+    EXPECT_EQ(Label().originX, 20.0);
+    circle->SetLabelPosition(4);
+    EXPECT_EQ(Label().clipRect, QRectF(-20, -20, 40, 40));
+}
+
+TEST_F(Circle, OutlinePointCountsFollowTheLevel)
+{
+    const std::vector<std::pair<int, size_t>> counts = {{-3, 1}, {0, 1}, {1, 1}, {2, 4}, {3, 8}, {5, 32}, {64, 0}};
+    for (const auto& [level, count] : counts)
+    {
+        std::vector<CVector3D> points(1); // appended to, not replaced
+        circle->GetOutlinePoints(points, level);
+        EXPECT_EQ(points.size(), count + 1) << level;
+    }
+    std::vector<CVector3D> rim;
+    circle->GetOutlinePoints(rim, 1);
+    EXPECT_EQ(rim.at(0).x, 3.0);
+}
+
+TEST_F(Circle, OutlineRunsCounterClockwiseInDegreesAndClockwiseInPixels)
+{
+    std::vector<CVector3D> pixels;
+    circle->GetOutlinePoints(pixels, 2);
+    ASSERT_EQ(pixels.size(), 4u);
+    EXPECT_NEAR(pixels[0].x, 3.0, 1e-9);
+    EXPECT_NEAR(pixels[1].x, 2.0, 1e-9);
+    EXPECT_NEAR(pixels[1].y, 2.0, 1e-9); // pixel y grows southwards
+
+    map.tileModelKind = 2;
+    std::vector<CVector3D> degrees;
+    circle->GetOutlinePoints(degrees, 2);
+    ASSERT_EQ(degrees.size(), 4u);
+    EXPECT_NEAR(degrees[1].x, 2.0, 1e-9);
+    EXPECT_NEAR(degrees[1].y, 4.0, 1e-9);
+    EXPECT_NEAR(degrees[2].x, 1.0, 1e-9);
+}
+
+TEST_F(Circle, CharacteristicPointsAreTheCentreAndFourRimHandles)
+{
+    std::vector<CVector3D> points(3);
+    static_cast<CZoCircleMapObject*>(circle)->GetCharacteristicPoints(points);
+    ASSERT_EQ(points.size(), 5u);
+    EXPECT_EQ(points[0].z, -1.0);
+    EXPECT_EQ(points[1].x, 3.0);
+    EXPECT_EQ(points[2].x, 1.0);
+    EXPECT_EQ(points[3].y, 4.0);
+    EXPECT_EQ(points[4].y, 2.0);
+    EXPECT_EQ(points[4].z, 1.0);
+}
+
+TEST_F(Circle, NonFiniteCoordinatesDrawNothingUntilMadeValid)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    circle->SetRadiusPoint(CVector3D(inf, 3.0, 0.0));
+    EXPECT_TRUE(circle->GetQtItem()->shape().isEmpty());
+    EXPECT_TRUE(log.Messages().empty());
+
+    circle->SetCenter(CVector3D(nan, 3.0, 0.0));
+    EXPECT_EQ(circle->GetQtItem()->pos(), QPointF(0.0, 0.0));
+    EXPECT_EQ(log.Messages(), Messages{"[CZoCircleMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败"});
+    std::vector<CVector3D> outline;
+    circle->GetOutlinePoints(outline, 3);
+    EXPECT_TRUE(outline.empty());
+    map.ChangeViewScale(3.0);
+    const QRectF bounds = circle->GetQtItem()->boundingRect();
+    EXPECT_TRUE(std::isfinite(bounds.width()) && std::isfinite(bounds.x()));
+
+    circle->SetCenter(CVector3D(2.0, 3.0, 0.0));
+    circle->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
+    EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
+}
+
+TEST_F(Circle, UninitialisedCircleNeitherMeasuresNorOutlines)
+{
+    CZoCircleMapObject loose;
+    loose.SetRadiusPoint(CVector3D(1.0, 0.0, 0.0));
+    std::vector<CVector3D> outline;
+    loose.GetOutlinePoints(outline, 4);
+    EXPECT_TRUE(outline.empty());
+    EXPECT_EQ(loose.GetRadius(), 0.0);
+    EXPECT_EQ(loose.ConvertAnchorToPixel(), QPointF(0.0, 0.0));
+    EXPECT_TRUE(log.Messages().empty());
+}
+
+// --- painting ------------------------------------------------------------------
+
+class CirclePaint : public Circle
+{
+protected:
+    void SetUp() override
+    {
+        Circle::SetUp();
+        Style(circle);
+    }
+    static void Style(IZoCircleMapObject* c)
+    {
+        c->SetName("Ring");
+        c->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        c->SetNameVisible(true);
+        c->SetLabelPosition(1);
+        c->SetPenWidth(2.0f);
+        c->SetPenColor(QColor(20, 40, 160));
+        c->SetBrushColor(QColor(250, 200, 40, 160));
+    }
+    static QImage Render(QGraphicsItem* item)
+    {
+        QImage image = BlankCanvas(80, 80);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(40, 30);
+        item->paint(&painter, nullptr, nullptr);
+        painter.end();
+        return image;
+    }
+};
+
+TEST_F(CirclePaint, PenKeepsItsPixelWidthWhileTheRadiusIsScenePixels)
+{
+    circle->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
+    EXPECT_EQ(CompareWithReference(Render(circle->GetQtItem()), QStringLiteral("circle_label_bottom"), 16, 12),
+              QString());
+}
+
+TEST_F(CirclePaint, CanvasPaintingMeasuresTheRadiusOnTheCanvas)
+{
+    layer->SetAutoAdd(false);
+    IZoCircleMapObject* loose = module.CreateCircleMapObject("Ring", layer);
+    ASSERT_EQ(loose->GetQtItem(), nullptr);
+    Style(loose);
+    // Web Mercator level 2: 1024 world pixels, so 7.03125 degrees of
+    // longitude are 20 pixels.
+    loose->SetCenter(CVector3D(0.0, 0.0, 0.0));
+    loose->SetRadiusPoint(CVector3D(7.03125, 0.0, 0.0));
+    QImage canvas = BlankCanvas(1024, 1024);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-472, -482); // bring pixel (512, 512) to (40, 30)
+    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 2, nullptr);
+    painter.end();
+    EXPECT_EQ(loose->GetQtItem(), nullptr);
+    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 80, 80), QStringLiteral("circle_label_bottom"), 16, 12),
+              QString());
+}

@@ -1,0 +1,289 @@
+#include "support/ModuleFixture.h"
+#include "support/PointListModel.h"
+
+#include "shapes/multiline/CZoMultiLineMapObject.h"
+#include "shapes/multipolygon/CZoMultiPolygonMapObject.h"
+
+using Messages = std::vector<std::string>;
+using Lines = std::vector<std::vector<CVector3D>>;
+
+// The two list-of-lists kinds under one vocabulary. Their index texts differ
+// on purpose; each kind spells out what it must log.
+struct MultiLineLists
+{
+    using Object = CZoMultiLineMapObject;
+    static Object* Create(IZoGraphicsModule& m, IZoGraphicsMapLayer* layer)
+    {
+        return static_cast<Object*>(m.CreateMultiLineMapObject("lines", layer));
+    }
+    static void SetLine(Object* o, int l, const std::vector<CVector3D>& line) { o->SetLineData(l, line); }
+    static int AppendLine(Object* o, const std::vector<CVector3D>& line) { return o->AppendLine(line); }
+    static void InsertLine(Object* o, int l, const std::vector<CVector3D>& line) { o->InsertLine(l, line); }
+    static void RemoveLine(Object* o, int l) { o->RemoveLine(l); }
+    static void PopLine(Object* o) { o->PopLine(); }
+    static std::vector<CVector3D> GetLine(Object* o, int l) { return o->GetLineData(l); }
+    static std::int64_t LineCount(Object* o) { return o->GetLineNumber(); }
+    static std::vector<std::string> FaultTexts()
+    {
+        const std::string c = "[CZoMultiPolygonMapObject::";
+        return {c + "SetLineData] Index越界: 2",     c + "InsertLine] Index越界: 3",
+                c + "RemoveLine] Index越界: 2",      c + "GetLineData] Index越界: -1",
+                c + "GetPointNumber] Index越界: 2",  c + "ModifyData] nLineIndex越界: 2",
+                c + "ModifyData] nPointIndex越界: 3", c + "At] nLineIndex越界: -1",
+                c + "At] nPointIndex越界: 3",         c + "At] nLineIndex越界: 2",
+                c + "At] InsertPoint越界: 2",         c + "At] nPointIndex越界: 4",
+                c + "RemovePoint] nLineIndex越界: 2", c + "RemovePoint] nPointIndex越界: 3",
+                c + "PopPoint] nLineIndex越界: 2",    "[RemovePoint::PopPoint] nLineIndex对应点集为空"};
+    }
+    static constexpr bool kCleanupLogs = false;
+};
+
+struct MultiPolygonLists
+{
+    using Object = CZoMultiPolygonMapObject;
+    static Object* Create(IZoGraphicsModule& m, IZoGraphicsMapLayer* layer)
+    {
+        return static_cast<Object*>(m.CreateMultiPolygonMapObject("rings", layer));
+    }
+    static void SetLine(Object* o, int l, const std::vector<CVector3D>& line) { o->SetPolygonData(l, line); }
+    static int AppendLine(Object* o, const std::vector<CVector3D>& line) { return o->AppendPolygon(line); }
+    static void InsertLine(Object* o, int l, const std::vector<CVector3D>& line) { o->InsertPolygon(l, line); }
+    static void RemoveLine(Object* o, int l) { o->RemovePolygon(l); }
+    static void PopLine(Object* o) { o->PopPolygon(); }
+    static std::vector<CVector3D> GetLine(Object* o, int l) { return o->GetPolygonData(l); }
+    static std::int64_t LineCount(Object* o) { return o->GetPolygonNumber(); }
+    static std::vector<std::string> FaultTexts()
+    {
+        const std::string c = "[CZoPolygonMapObject::";
+        return {"[CZoMultiPolygonMapObject::SetPolygonData] Index越界: 2",
+                c + "InsertPolygon] Index越界: 3",
+                c + "RemovePolygon] Index越界: 2",
+                c + "GetPolygonData] Index越界: -1",
+                c + "GetPointNumber] Index越界: 2",
+                c + "ModifyData] nPolygonIndex越界: 2",
+                c + "ModifyData] nPolygonIndex越界: 3",
+                c + "At] nPolygonIndex越界: -1",
+                c + "At] nPointIndex越界: 3",
+                c + "AppendPoint] nPolygonIndex越界: 2",
+                c + "InsertPoint] nPolygonIndex越界: 2",
+                c + "InsertPoint] nPointIndex越界: 4",
+                c + "RemovePoint] nPolygonIndex越界: 2",
+                c + "RemovePoint] nPointIndex越界: 3",
+                c + "PopPoint] nPolygonIndex越界: 2",
+                c + "PopPoint] nPolygonIndex对应点集为空"};
+    }
+    static constexpr bool kCleanupLogs = true;
+};
+
+template <class Kind>
+class NestedPointList : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        layer = module.CreateGraphicsLayer("nested");
+        object = Kind::Create(module, layer);
+        ASSERT_NE(object, nullptr);
+        log.Clear();
+    }
+    void ExpectMatches(const PointListModel& model, const std::string& where)
+    {
+        ASSERT_EQ(Kind::LineCount(object), static_cast<std::int64_t>(model.lines.size())) << where;
+        EXPECT_EQ(object->Lines(), model.lines) << where;
+        EXPECT_EQ(object->GetAnchor(), model.anchor) << where;
+        ExpectSameBox(object->GetBoundingBox(), model.Extent(), where);
+        ExpectOffsetsFollowModel(map, model, object->GetQtItem(), object->GetItem()->Offsets().lines, where);
+    }
+
+    IZoGraphicsMapLayer* layer = nullptr;
+    typename Kind::Object* object = nullptr;
+};
+
+using NestedKinds = ::testing::Types<MultiLineLists, MultiPolygonLists>;
+TYPED_TEST_SUITE(NestedPointList, NestedKinds);
+
+TYPED_TEST(NestedPointList, EveryIndexFaultLogsItsOwnTextAndChangesNothing)
+{
+    using K = TypeParam;
+    auto* o = this->object;
+    const Lines data{{{1, 1, 0}, {2, 2, 0}, {3, 1, 0}}, {}};
+    o->SetData(data);
+    this->log.Clear();
+    const CVector3D p(9, 9, 9);
+    K::SetLine(o, 2, {p});
+    K::InsertLine(o, 3, {p});
+    K::RemoveLine(o, 2);
+    EXPECT_TRUE(K::GetLine(o, -1).empty());
+    EXPECT_EQ(o->GetPointNumber(2), 0);
+    o->ModifyData(2, 0, p);
+    o->ModifyData(0, 3, p);
+    EXPECT_EQ(o->At(-1, 0), CVector3D());
+    EXPECT_EQ(o->At(0, 3), CVector3D());
+    o->AppendPoint(2, p);
+    o->InsertPoint(2, 0, p);
+    o->InsertPoint(0, 4, p);
+    o->RemovePoint(2, 0);
+    o->RemovePoint(0, 3);
+    EXPECT_EQ(o->PopPoint(2), CVector3D());
+    EXPECT_EQ(o->PopPoint(1), CVector3D()); // the second line is empty
+    EXPECT_EQ(this->log.Messages(), K::FaultTexts());
+    EXPECT_EQ(o->Lines(), data);
+
+    this->log.Clear();
+    o->Cleanup(5);
+    EXPECT_EQ(this->log.Messages().size(), K::kCleanupLogs ? 1u : 0u);
+    EXPECT_EQ(o->Lines(), data);
+}
+
+TYPED_TEST(NestedPointList, LinesGoInAtTheEndAndEmptyOnesAreRefused)
+{
+    using K = TypeParam;
+    auto* o = this->object;
+    EXPECT_EQ(K::AppendLine(o, {}), -1);
+    EXPECT_EQ(K::LineCount(o), 0);
+    EXPECT_EQ(K::AppendLine(o, {{1, 1, 0}}), 0);
+    K::InsertLine(o, 1, {{2, 2, 0}, {3, 3, 0}}); // the count itself appends
+    EXPECT_EQ(K::LineCount(o), 2);
+    o->InsertPoint(0, 1, CVector3D(4, 4, 0)); // so does the point count
+    EXPECT_EQ(o->At(0, 1), CVector3D(4, 4, 0));
+    o->Cleanup(1);
+    EXPECT_EQ(o->GetPointNumber(1), 0);
+    K::PopLine(o);
+    K::PopLine(o);
+    K::PopLine(o); // nothing left: nothing happens
+    EXPECT_EQ(K::LineCount(o), 0);
+    EXPECT_EQ(o->GetAnchor(), CVector3D());
+    EXPECT_TRUE(this->log.Messages().empty());
+}
+
+TYPED_TEST(NestedPointList, SetPositionMovesEveryLineRigidly)
+{
+    auto* o = this->object;
+    o->SetData({{{1, 1, 0}, {2, 1, 0}}, {{5, 5, 0}}});
+    o->SetPosition(CVector3D(2, 3, 0));
+    EXPECT_EQ(o->At(1, 0), CVector3D(6, 7, 0));
+    EXPECT_EQ(o->GetQtItem()->pos(), QPointF(20, -30));
+    EXPECT_EQ(o->GetBoundingBox().max, CVector3D(6, 7, 1));
+}
+
+// Random line and point edits, bad indices included, against the plain model.
+TYPED_TEST(NestedPointList, RandomEditsFollowThePlainModel)
+{
+    using K = TypeParam;
+    auto* o = this->object;
+    PointListModel model;
+    RandomPoints random(7u);
+    for (int step = 0; step < 3000; ++step)
+    {
+        auto& lines = model.lines;
+        const int n = static_cast<int>(lines.size());
+        const int l = random.Int(-1, n);
+        const bool lineOk = l >= 0 && l < n;
+        const int points = lineOk ? static_cast<int>(lines[static_cast<std::size_t>(l)].size()) : 0;
+        const int i = random.Int(-1, points + 1);
+        const CVector3D p = random.Point();
+        const std::string where = "step " + std::to_string(step);
+        this->log.Clear();
+        bool faulty = false;
+        switch (random.Int(0, 12))
+        {
+        case 0:
+            if (random.Int(0, 3) == 0)
+            {
+                Lines data(static_cast<std::size_t>(random.Int(0, 3)));
+                for (auto& line : data)
+                    line = random.Line(4);
+                o->SetData(data);
+                model.SetAll(data);
+            }
+            break;
+        case 1: {
+            const auto line = random.Line(3);
+            EXPECT_EQ(K::AppendLine(o, line), line.empty() ? -1 : n) << where;
+            if (!line.empty())
+                lines.push_back(line);
+            break;
+        }
+        case 2: {
+            const auto line = random.Line(3);
+            K::InsertLine(o, l, line);
+            faulty = l < 0 || l > n;
+            if (!faulty)
+                lines.insert(lines.begin() + l, line);
+            break;
+        }
+        case 3:
+            K::RemoveLine(o, l);
+            faulty = !lineOk;
+            if (lineOk)
+                lines.erase(lines.begin() + l);
+            break;
+        case 4: {
+            const auto line = random.Line(3);
+            K::SetLine(o, l, line);
+            faulty = !lineOk;
+            if (lineOk)
+                lines[static_cast<std::size_t>(l)] = line;
+            break;
+        }
+        case 5:
+        case 6:
+            o->AppendPoint(l, p);
+            faulty = !lineOk;
+            if (lineOk)
+                model.Append(static_cast<std::size_t>(l), p);
+            break;
+        case 7:
+            o->InsertPoint(l, i, p);
+            faulty = !lineOk || i < 0 || i > points;
+            if (!faulty)
+                lines[static_cast<std::size_t>(l)].insert(lines[static_cast<std::size_t>(l)].begin() + i, p);
+            break;
+        case 8:
+            o->ModifyData(l, i, p);
+            faulty = !lineOk || i < 0 || i >= points;
+            if (!faulty)
+                lines[static_cast<std::size_t>(l)][static_cast<std::size_t>(i)] = p;
+            break;
+        case 9:
+            o->RemovePoint(l, i);
+            faulty = !lineOk || i < 0 || i >= points;
+            if (!faulty)
+                lines[static_cast<std::size_t>(l)].erase(lines[static_cast<std::size_t>(l)].begin() + i);
+            break;
+        case 10: {
+            const CVector3D expected = lineOk && points ? lines[static_cast<std::size_t>(l)].back() : CVector3D();
+            EXPECT_EQ(o->PopPoint(l), expected) << where;
+            faulty = !lineOk || points == 0;
+            if (!faulty)
+                lines[static_cast<std::size_t>(l)].pop_back();
+            break;
+        }
+        case 11:
+            o->Cleanup(l);
+            faulty = !lineOk && K::kCleanupLogs;
+            if (lineOk)
+                lines[static_cast<std::size_t>(l)].clear();
+            break;
+        default:
+            if (random.Int(0, 5) == 0)
+            {
+                o->Clear();
+                lines.clear();
+            }
+            else
+            {
+                K::PopLine(o);
+                if (n)
+                    lines.pop_back();
+            }
+            break;
+        }
+        model.Settle();
+        EXPECT_EQ(this->log.Messages().size(), faulty ? 1u : 0u) << where;
+        this->ExpectMatches(model, where);
+        if (::testing::Test::HasFailure())
+            return;
+    }
+}

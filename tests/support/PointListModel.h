@@ -1,0 +1,118 @@
+#pragma once
+
+#include "support/FakeMapModule.h"
+
+#include <ZoGraphics/ZoCoreTypes.h>
+
+#include <QGraphicsItem>
+#include <QPolygonF>
+#include <gtest/gtest.h>
+#include <random>
+#include <vector>
+
+// A plain model of the point-list rules, for differential tests: lines of
+// points, the anchor, and what the extent and the item's offsets must be.
+struct PointListModel
+{
+    using Line = std::vector<CVector3D>;
+
+    std::vector<Line> lines;
+    CVector3D anchor;
+
+    std::size_t Total() const
+    {
+        std::size_t n = 0;
+        for (const Line& line : lines)
+            n += line.size();
+        return n;
+    }
+    void SetAll(std::vector<Line> all)
+    {
+        lines = std::move(all);
+        anchor = CVector3D();
+        for (const Line& line : lines)
+            if (!line.empty())
+            {
+                anchor = line.front();
+                break;
+            }
+    }
+    void Append(std::size_t l, const CVector3D& p)
+    {
+        if (Total() == 0)
+            anchor = p;
+        lines[l].push_back(p);
+    }
+    // After removals: an object without points has its anchor at the origin.
+    void Settle()
+    {
+        if (Total() == 0)
+            anchor = CVector3D();
+    }
+    CAABB Extent() const
+    {
+        CAABB box;
+        for (const Line& line : lines)
+            for (const CVector3D& p : line)
+            {
+                box.Extend(CVector3D(p.x, p.y, -1.0));
+                box.Extend(CVector3D(p.x, p.y, 1.0));
+            }
+        return box;
+    }
+};
+
+inline QPointF ModelPixel(FakeMapModule& map, const CVector3D& p)
+{
+    int x = 0;
+    int y = 0;
+    map.ConvertSceneToPixel(&x, &y, p.x, p.y);
+    return QPointF(x, y);
+}
+
+inline void ExpectSameBox(const CAABB& actual, const CAABB& expected, const std::string& where)
+{
+    EXPECT_EQ(actual.IsEmpty(), expected.IsEmpty()) << where;
+    if (actual.IsEmpty() || expected.IsEmpty())
+        return;
+    EXPECT_TRUE(actual.min == expected.min && actual.max == expected.max) << where;
+}
+
+// Item position at the anchor's pixel and every offset relative to it.
+inline void ExpectOffsetsFollowModel(FakeMapModule& map, const PointListModel& model, QGraphicsItem* item,
+                                     const std::vector<QPolygonF>& offsets, const std::string& where)
+{
+    const QPointF origin = ModelPixel(map, model.anchor);
+    EXPECT_EQ(item->pos(), origin) << where;
+    ASSERT_EQ(offsets.size(), model.lines.size()) << where;
+    for (std::size_t l = 0; l < offsets.size(); ++l)
+    {
+        ASSERT_EQ(static_cast<std::size_t>(offsets[l].size()), model.lines[l].size()) << where << " line " << l;
+        for (std::size_t i = 0; i < model.lines[l].size(); ++i)
+            EXPECT_EQ(offsets[l][static_cast<int>(i)], ModelPixel(map, model.lines[l][i]) - origin)
+                << where << " line " << l << " point " << i;
+    }
+}
+
+// Random points on a 0.01 degree raster, so that pixels round predictably.
+class RandomPoints
+{
+public:
+    explicit RandomPoints(unsigned seed) : m_engine(seed) {}
+    CVector3D Point()
+    {
+        std::uniform_int_distribution<int> coordinate(-5000, 5000);
+        return CVector3D(coordinate(m_engine) / 100.0, coordinate(m_engine) / 100.0, coordinate(m_engine) / 100.0);
+    }
+    std::vector<CVector3D> Line(int maxPoints)
+    {
+        std::vector<CVector3D> line(static_cast<std::size_t>(Int(0, maxPoints)));
+        for (CVector3D& p : line)
+            p = Point();
+        return line;
+    }
+    int Int(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_engine); }
+
+private:
+    std::mt19937 m_engine;
+};
