@@ -186,20 +186,28 @@ void BM_Floor_PainterDotsAndNames(benchmark::State& state)
 }
 BENCHMARK(BM_Floor_PainterDotsAndNames)->Arg(2000)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
+// 4,096 seeded names among the first count dots', for lookups.
+constexpr size_t kProbes = 4096;
+std::vector<std::string> NameProbes(int count)
+{
+    std::mt19937 random(kSeed);
+    std::uniform_int_distribution<int> pick(0, count - 1);
+    std::vector<std::string> probes;
+    for (size_t i = 0; i < kProbes; ++i)
+        probes.push_back(DotName(pick(random)));
+    return probes;
+}
+
 void BM_Floor_HashFind(benchmark::State& state)
 {
     const int count = static_cast<int>(state.range(0));
     std::unordered_multimap<std::string, int> names;
     for (int i = 0; i < count; ++i)
         names.emplace(DotName(i), i);
-    std::mt19937 random(kSeed);
-    std::uniform_int_distribution<int> pick(0, count - 1);
-    std::vector<std::string> probes;
-    for (int i = 0; i < 4096; ++i)
-        probes.push_back(DotName(pick(random)));
+    const std::vector<std::string> probes = NameProbes(count);
     size_t next = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(names.find(probes[next++ & 4095]));
+        benchmark::DoNotOptimize(names.find(probes[next++ % kProbes]));
 }
 BENCHMARK(BM_Floor_HashFind)->Arg(100000)->Apply(ZoBench::ReportMinimum);
 
@@ -343,14 +351,10 @@ void BM_LookupByName(benchmark::State& state)
 {
     const int count = static_cast<int>(state.range(0));
     DotScene scene(count, false, false);
-    std::mt19937 random(kSeed);
-    std::uniform_int_distribution<int> pick(0, count - 1);
-    std::vector<std::string> probes;
-    for (int i = 0; i < 4096; ++i)
-        probes.push_back(DotName(pick(random)));
+    const std::vector<std::string> probes = NameProbes(count);
     size_t next = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(scene.Graphics().LookupDotMapObject(probes[next++ & 4095]));
+        benchmark::DoNotOptimize(scene.Graphics().LookupDotMapObject(probes[next++ % kProbes]));
 }
 BENCHMARK(BM_LookupByName)->Arg(100000)->Apply(ZoBench::ReportMinimum);
 

@@ -182,9 +182,10 @@ void CZoMapView::HandleMouse(QMouseEvent* event, const QStringList& published)
     const QEvent::Type type = event->type();
     const QPoint point = event->pos();
     const bool left = event->button() == Qt::LeftButton;
-    const int id = MapObjectIdAt(point);
+    const int found = MapObjectIdAt(point);
+    const int id = m_grabbed && (type == QEvent::MouseMove || type == QEvent::MouseButtonRelease) ? m_grabId : found;
     m_lastPointer = point;
-    if (type == QEvent::MouseMove)
+    if (type == QEvent::MouseMove && !m_grabbed)
         UpdateHover(point, id);
     const PointerHandler handler = type == QEvent::MouseButtonPress      ? &IZoMapEventHandler::OnMousePress
                                    : type == QEvent::MouseButtonDblClick ? &IZoMapEventHandler::OnMouseDoubleClick
@@ -193,6 +194,17 @@ void CZoMapView::HandleMouse(QMouseEvent* event, const QStringList& published)
     const bool consumed = DispatchPointer(handler, point, id);
     if (consumed)
         event->accept();
+    if (type == QEvent::MouseButtonPress && consumed && left)
+    {
+        m_grabbed = true;
+        m_grabId = id;
+    }
+    else if (type == QEvent::MouseButtonRelease && m_grabbed && left)
+    {
+        m_grabbed = false;
+        m_grabId = -1;
+        UpdateHover(point, found);
+    }
 
     switch (type)
     {

@@ -21,6 +21,11 @@
 #include "content/svg/CZoSVGMapObject.h"
 #include "content/widget/CZoWidgetMapObject.h"
 #include "content/text/CZoTextMapObject.h"
+#include "edit/CKeyPointSet.h"
+#include "edit/CRotationAxis.h"
+#include "edit/CScaleBox.h"
+#include "edit/CTranslateBall.h"
+#include "edit/ZoEditObjectFactory.h"
 
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -307,24 +312,24 @@ std::nullptr_t CZoGraphicsModule::CreateUnavailable(const char* creator) const
 
 // --- edit gadgets --------------------------------------------------------------
 
-IZoGraphicsEditObject* CZoGraphicsModule::CreateTranslateEditObject(IZoGraphicsMapLayer*)
+IZoGraphicsEditObject* CZoGraphicsModule::CreateTranslateEditObject(IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateTranslateEditObject");
+    return ZoCreateEditObject<CTranslateBall>(this, layer, "CreateTranslateEditObject");
 }
 
-IZoGraphicsEditObject* CZoGraphicsModule::CreateRotationEditObject(IZoGraphicsMapLayer*)
+IZoGraphicsEditObject* CZoGraphicsModule::CreateRotationEditObject(IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateRotationEditObject");
+    return ZoCreateEditObject<CRotationAxis>(this, layer, "CreateRotationEditObject");
 }
 
-IZoGraphicsEditObject* CZoGraphicsModule::CreateScaleEditObject(IZoGraphicsMapLayer*)
+IZoGraphicsEditObject* CZoGraphicsModule::CreateScaleEditObject(IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateScaleEditObject");
+    return ZoCreateEditObject<CScaleBox>(this, layer, "CreateScaleEditObject");
 }
 
-IZoGraphicsEditObject* CZoGraphicsModule::CreateKeyPointSetEditObject(IZoGraphicsMapLayer*)
+IZoGraphicsEditObject* CZoGraphicsModule::CreateKeyPointSetEditObject(IZoGraphicsMapLayer* layer)
 {
-    return CreateUnavailable("CreateKeyPointSetEditObject");
+    return ZoCreateEditObject<CKeyPointSet>(this, layer, "CreateKeyPointSetEditObject");
 }
 
 void CZoGraphicsModule::DestroyGraphicsEditObject(IZoGraphicsEditObject* editObject)

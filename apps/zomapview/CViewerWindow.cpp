@@ -2,6 +2,7 @@
 
 #include "AnchoredShapesDemo.h"
 #include "ContentDemo.h"
+#include "EditingDemo.h"
 #include "PointListDemo.h"
 
 #include <ZoGraphics/ZoGraphics.h>
@@ -79,6 +80,7 @@ int CViewerWindow::PopulateGraphics(const QString& dataDir)
         AddAnchoredShapesDemo(*m_graphics, *m_mapModule, this);
         AddPointListDemo(*m_graphics, dataDir);
         AddContentDemo(*m_graphics, dataDir, this);
+        AddEditingDemo(*m_graphics, *m_view, this);
     }
     QFile file(dataDir + QStringLiteral("/capitals.csv"));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))

@@ -22,7 +22,7 @@ bool OnGuiThread()
 }
 } // namespace
 
-CZoLayerCanvasMapObject::CZoLayerCanvasMapObject() : m_alive(std::make_shared<CZoLayerCanvasMapObject*>(this)) {}
+CZoLayerCanvasMapObject::CZoLayerCanvasMapObject() : m_refresher([this] { RefreshForNewImage(); }) {}
 
 CZoLayerCanvasMapObject::~CZoLayerCanvasMapObject() = default;
 
@@ -43,17 +43,7 @@ void CZoLayerCanvasMapObject::SetImage(const QImage& image)
         return;
     }
     // Items belong to the GUI thread: the repaint is asked for there.
-    if (QCoreApplication* app = QCoreApplication::instance())
-    {
-        std::weak_ptr<CZoLayerCanvasMapObject*> alive = m_alive;
-        QMetaObject::invokeMethod(
-            app,
-            [alive] {
-                if (const auto object = alive.lock())
-                    (*object)->RefreshForNewImage();
-            },
-            Qt::QueuedConnection);
-    }
+    m_refresher.Request();
 }
 
 void CZoLayerCanvasMapObject::RefreshForNewImage()

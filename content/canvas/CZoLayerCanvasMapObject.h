@@ -1,6 +1,7 @@
 #pragma once
 
 #include "content/canvas/CLayerCanvasItemQtImpl.h"
+#include "content/canvas/CZoCanvasRefresher.h"
 #include "object/CZoLock.h"
 #include "object/TZoMapObjectBase.h"
 
@@ -55,6 +56,7 @@ private:
     EXTENT m_extent;
     mutable CZoLock m_imageLock;
     QImage m_image;
-    // Lets a repaint posted from a worker thread find out that the object is gone.
-    std::shared_ptr<CZoLayerCanvasMapObject*> m_alive;
+    // Made on the GUI thread with the object, and gone with it: a repaint a
+    // worker asked for is dropped when the object is destroyed first.
+    CZoCanvasRefresher m_refresher;
 };

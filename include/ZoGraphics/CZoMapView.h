@@ -80,6 +80,11 @@ private:
     QPointer<CZoMapModule> m_module;
     std::unique_ptr<CZoBasemap> m_basemap;
     int m_hoverId = -1;
+    // A handler that consumed a press holds the pointer, as an item grabbing
+    // the mouse would: until the release, moves and the release carry the
+    // pressed object's id, however fast the pointer outruns it.
+    bool m_grabbed = false;
+    int m_grabId = -1;
     bool m_panning = false;
     QPoint m_panLast;
     QPoint m_lastPointer;

@@ -1,4 +1,5 @@
 #include "support/ImageCompare.h"
+#include "support/RenderItem.h"
 #include "support/ModuleFixture.h"
 #include "support/ScratchFiles.h"
 
@@ -248,13 +249,7 @@ namespace
 {
 QImage RenderPin(QGraphicsItem* item, int width = 140, int height = 100)
 {
-    QImage image = BlankCanvas(width, height);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(width / 2, height / 2);
-    item->paint(&painter, nullptr, nullptr);
-    painter.end();
-    return image;
+    return RenderItemCentred(item, width, height);
 }
 } // namespace
 

@@ -238,6 +238,26 @@ TEST_F(MapViewTest, ConsumedPressDoesNotPan)
     EXPECT_EQ(handler.CallsOf("OnMouseRelease").size(), 1u);
 }
 
+// A handler that took the press holds the pointer: moves and the release
+// carry the pressed object's id wherever the pointer goes, and hover waits.
+TEST_F(MapViewTest, ConsumedPressHoldsThePointerUntilTheRelease)
+{
+    AddItemAt(5, Centre());
+    handler.consume.insert("OnMousePress");
+    SendMouse(QEvent::MouseMove, Centre(), Qt::NoButton, Qt::NoButton);
+    Drag(Centre(), Centre() + QPoint(120, 90));
+    for (const std::string& call : handler.CallsOf("OnMouseMove"))
+        EXPECT_NE(call.find("#5"), std::string::npos) << call;
+    ASSERT_EQ(handler.CallsOf("OnMouseRelease").size(), 1u);
+    EXPECT_NE(handler.CallsOf("OnMouseRelease")[0].find("#5"), std::string::npos);
+    // The release tells that the pointer left the object meanwhile.
+    EXPECT_EQ(handler.CallsOf("OnHoverLeave").size(), 1u);
+    handler.calls.clear();
+    handler.consume.clear();
+    SendMouse(QEvent::MouseMove, Centre() + QPoint(100, 100), Qt::NoButton, Qt::NoButton);
+    EXPECT_NE(handler.CallsOf("OnMouseMove")[0].find("#-1"), std::string::npos);
+}
+
 TEST_F(MapViewTest, SceneEventsArePublishedAndCleared)
 {
     QObject* events = module.GetEventObject();

@@ -1,4 +1,5 @@
 #include "support/ImageCompare.h"
+#include "support/RenderItem.h"
 #include "support/ModuleFixture.h"
 
 #include "shapes/dot/CZoDotMapObject.h"
@@ -127,13 +128,7 @@ namespace
 // Renders a dot's item at the centre of a canvas at pixel scale 1.
 QImage RenderItem(QGraphicsItem* item, int width = 120, int height = 60)
 {
-    QImage image = BlankCanvas(width, height);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(width / 2, height / 2);
-    item->paint(&painter, nullptr, nullptr);
-    painter.end();
-    return image;
+    return RenderItemCentred(item, width, height);
 }
 } // namespace
 

@@ -16,3 +16,9 @@ inline QImage RenderItemAt(QGraphicsItem* item, int width, int height, const QPo
     painter.end();
     return image;
 }
+
+// The same with the item's origin at the canvas's centre.
+inline QImage RenderItemCentred(QGraphicsItem* item, int width, int height)
+{
+    return RenderItemAt(item, width, height, QPointF(width / 2, height / 2));
+}
