@@ -1,5 +1,7 @@
 #include <ZoGraphics/ZoGeoJson.h>
 
+#include "layer/CZoGraphicsMapLayer.h"
+
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoDotMapObject.h>
@@ -400,6 +402,12 @@ SZoGeoJsonLoadResult LoadGeoJsonFile(IZoGraphicsModule* module, IZoGraphicsMapLa
         return SZoGeoJsonLoadResult();
     }
     return LoadGeoJson(module, layer, file.readAll());
+}
+
+QByteArray WriteGeoJsonLayer(IZoGraphicsMapLayer* layer)
+{
+    const auto* own = dynamic_cast<CZoGraphicsMapLayer*>(layer);
+    return WriteGeoJson(own ? own->GetMapObjects() : std::vector<IZoGraphicsMapObject*>());
 }
 
 QByteArray WriteGeoJson(const std::vector<IZoGraphicsMapObject*>& objects)

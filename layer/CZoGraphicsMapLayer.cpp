@@ -59,7 +59,7 @@ void CZoGraphicsMapLayer::Unintialise()
     m_mapModule = nullptr;
 }
 
-const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked()
+const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked() const
 {
     if (m_walkStale)
     {
@@ -70,6 +70,12 @@ const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked()
         m_walkStale = false;
     }
     return m_walk;
+}
+
+std::vector<IZoGraphicsMapObject*> CZoGraphicsMapLayer::GetMapObjects() const
+{
+    CZoLockGuard guard(m_lock);
+    return WalkLocked();
 }
 
 template <class F>

@@ -64,6 +64,9 @@ public:
     int GetLevelLimit() const override { return m_levelLimit; }
     bool IsSimplifyEnabled() const override { return false; }
 
+    // The layer's objects in ascending id order, as they are now.
+    std::vector<IZoGraphicsMapObject*> GetMapObjects() const;
+
     // Who keeps a name index of this layer: told when Initialise renames it.
     void SetNameObserver(IZoNameObserver* observer) { m_nameObserver = observer; }
 
@@ -88,7 +91,7 @@ private:
     // change visits every object, and a tree of scattered nodes is slow to walk.
     template <class F>
     void ForEachObject(F f);
-    const std::vector<IZoGraphicsMapObject*>& WalkLocked();
+    const std::vector<IZoGraphicsMapObject*>& WalkLocked() const;
 
 
     std::string m_uuid;
@@ -111,8 +114,8 @@ private:
     int m_nameMaxLod = 21;
     mutable CZoLock m_lock;
     std::map<int, IZoGraphicsMapObject*> m_objects;
-    std::vector<IZoGraphicsMapObject*> m_walk;
-    bool m_walkStale = true;
+    mutable std::vector<IZoGraphicsMapObject*> m_walk;
+    mutable bool m_walkStale = true;
     IZoNameObserver* m_nameObserver = nullptr;
     bool m_declutter = false;
     bool m_labelsDirty = true;

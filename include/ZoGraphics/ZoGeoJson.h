@@ -38,4 +38,7 @@ ZOGRAPHICS_EXPORT SZoGeoJsonLoadResult LoadGeoJsonFile(IZoGraphicsModule* module
 // FeatureCollection; objects of other kinds are left out. Loading the result
 // again gives the same geometry.
 ZOGRAPHICS_EXPORT QByteArray WriteGeoJson(const std::vector<IZoGraphicsMapObject*>& objects);
+// The same for every object on a layer, in the order they were created. A
+// null layer, or one not made by CZoGraphicsModule, gives an empty collection.
+ZOGRAPHICS_EXPORT QByteArray WriteGeoJsonLayer(IZoGraphicsMapLayer* layer);
 } // namespace ZoGeoJsonNS

@@ -96,6 +96,9 @@ TEST_F(GeoJson, WritingAndLoadingAgainGivesTheSameGeometry)
     // Polygons keep their rings together: the islands are written as two polygons.
     EXPECT_TRUE(written.contains(R"("type":"MultiPolygon")"));
     EXPECT_EQ(WriteGeoJson(second.objects), written);
+    // A whole layer writes the same, in creation order.
+    EXPECT_EQ(WriteGeoJsonLayer(again), written);
+    EXPECT_EQ(WriteGeoJsonLayer(nullptr), WriteGeoJson({}));
 }
 
 TEST_F(GeoJson, PolygonsAndPolylinesMadeByHandAreWrittenToo)
