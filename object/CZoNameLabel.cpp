@@ -81,6 +81,8 @@ void CZoNameLabel::Forget()
 
 void CZoNameLabel::Release()
 {
+    if (!m_measured && !m_glyphs && m_look.expired())
+        return; // nothing held, the common case of a hidden label
     ZoLabelLookCache::Forget(m_look.lock());
     Forget();
 }
@@ -142,7 +144,9 @@ QRectF CZoNameLabel::TextRect() const
 
 bool CZoNameLabel::IsShownAt(int lod, const IZoGraphicsMapLayer* layer) const
 {
-    if (text.isEmpty() || !visible || lod < minLod || lod > maxLod)
+    // The switch first: the text lives elsewhere in memory, and a view change
+    // asks this of every object.
+    if (!visible || lod < minLod || lod > maxLod || text.isEmpty())
         return false;
     if (layer && (lod < layer->GetNameMinLodLevel() || lod > layer->GetNameMaxLodLevel()))
         return false;
