@@ -2,6 +2,8 @@
 #include "support/RenderItem.h"
 #include "support/ModuleFixture.h"
 
+#include "object/IZoMapObjectInternal.h"
+#include "object/ZoLabelLook.h"
 #include "shapes/dot/CZoDotMapObject.h"
 
 #include <QGraphicsItem>
@@ -207,4 +209,27 @@ TEST_F(DotPaint, CanvasPaintingRejectsNullArguments)
     painter.end();
     EXPECT_EQ(log.Messages(), (Messages{"[CZoDotMapObject::PaintOnCanvas] 传入参数为空",
                                         "[CZoDotMapObject::PaintOnCanvas] 传入参数为空"}));
+}
+
+// A label's finished look is held only while the label shows: hiding it, by
+// its switch or by a level outside its range, gives the look back.
+TEST_F(DotPaint, HiddenNamesGiveTheirLooksBack)
+{
+    ZoLabelLookCache::Clear();
+    const CZoMapObjectCore* core = ZoObjectCore(dot);
+    ASSERT_NE(core, nullptr);
+    RenderItem(dot->GetQtItem());
+    EXPECT_TRUE(core->Label().HoldsLook());
+    EXPECT_GT(ZoLabelLookCache::Bytes(), 0u);
+    dot->SetNameVisible(false);
+    EXPECT_FALSE(core->Label().HoldsLook());
+    EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
+
+    dot->SetNameVisible(true);
+    RenderItem(dot->GetQtItem());
+    EXPECT_TRUE(core->Label().HoldsLook());
+    dot->SetNameMaxLodLevel(map.lod - 1);
+    map.ChangeLod(map.lod);
+    EXPECT_FALSE(core->Label().HoldsLook());
+    EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
 }
