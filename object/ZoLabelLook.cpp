@@ -8,6 +8,7 @@
 
 #include <QFontMetricsF>
 #include <QHash>
+#include <QCoreApplication>
 #include <QPainter>
 #include <cmath>
 
@@ -95,9 +96,23 @@ QPen HaloPen(const QColor& colour, double outlineWidth)
 
 std::size_t Cost(const QImage& image) { return static_cast<std::size_t>(image.sizeInBytes()); }
 
+void ClearLooks();
+
+// Glyph looks hold Qt's font engines: they are let go while the application
+// still exists, not at static destruction after it.
+void ClearWithApplication()
+{
+    static const bool registered = [] {
+        qAddPostRoutine(&ClearLooks);
+        return true;
+    }();
+    (void)registered;
+}
+
 TZoLruCache<GlyphLookKey, GlyphLook, GlyphLookHash>& GlyphLooks()
 {
     static TZoLruCache<GlyphLookKey, GlyphLook, GlyphLookHash> cache(16u << 20);
+    ClearWithApplication();
     return cache;
 }
 
@@ -219,6 +234,11 @@ std::shared_ptr<const SZoLabelLook> DrawLabel(const SZoLabelLookKey& key, const 
     look->offset = bounds.topLeft();
     return look;
 }
+} // namespace
+
+namespace
+{
+void ClearLooks() { ZoLabelLookCache::Clear(); }
 } // namespace
 
 namespace ZoLabelLookCache
