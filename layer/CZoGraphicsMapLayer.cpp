@@ -307,20 +307,19 @@ void CZoGraphicsMapLayer::ArrangeLabels()
         CZoMapObjectCore* core = ZoObjectCore(object);
         if (!core)
             continue;
-        const bool before = core->IsLabelDecluttered();
-        core->SetLabelDecluttered(false);
         QGraphicsItem* item = core->GetQtItem();
         const CZoNameLabel& label = core->Label();
+        const QPointF at = item ? item->pos() * viewScale : QPointF();
+        // A label that is not drawn takes no room and has nothing to hide.
         if (!item || !core->IsInScene() || !core->IsShown() || !label.IsShownAt(lod, this) ||
-            (label.originX == 0.0 && label.originY == 0.0))
+            (label.originX == 0.0 && label.originY == 0.0) || !std::isfinite(at.x()) || !std::isfinite(at.y()))
+        {
+            core->SetLabelDecluttered(false);
             continue;
+        }
         const double halo = IsEqual(label.outlineWidth, 0.0) ? 0.0 : label.outlineWidth * 2.5 / 2.0;
         const QRectF text = label.TextRect().adjusted(-halo, -halo, halo, halo);
-        const QPointF at = item->pos() * viewScale;
-        if (!std::isfinite(at.x()) || !std::isfinite(at.y()))
-            continue;
         candidates.push_back({core, core->GetZValue(), core->GetObjectID(), text.translated(at)});
-        core->SetLabelDecluttered(before); // until decided below
     }
     // Higher z first, then lower id; the walk is already in id order.
     std::stable_sort(candidates.begin(), candidates.end(),
