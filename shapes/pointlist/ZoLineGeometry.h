@@ -14,9 +14,11 @@ namespace ZoPointList
 QRectF BoundsOf(const std::vector<QPolygonF>& lines);
 
 // Draws an open polyline as QPainter::drawPolyline does. Points closer than
-// a quarter of a device pixel to the last one kept are dropped, and a wide
-// solid pen strokes the line in short overlapping runs: Qt strokes a long
-// wide polyline as one huge outline, many times slower than drawing it thin.
+// a quarter of a device pixel to the last one kept are dropped. Qt strokes a
+// long wide polyline as one huge outline, many times slower than drawing it
+// thin, so a solid pen a little wider than a pixel goes through a widened
+// hairline (a coverage mask for dense lines on raster devices, two shifted
+// hairlines otherwise), and wider pens stroke it in short overlapping runs.
 void DrawPolyline(QPainter* painter, const QPolygonF& points, const QPen& pen);
 
 // The two wing points of an arrow whose tip and base are given: at distance
