@@ -215,6 +215,25 @@ void BM_CountriesGeoJsonFirstFrame(benchmark::State& state)
 }
 BENCHMARK(BM_CountriesGeoJsonFirstFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
+// The load alone, without the frame.
+void BM_CountriesGeoJsonLoadOnly(benchmark::State& state)
+{
+    CZoMapModule map;
+    map.SetZoomAround(2.0, 0.0, 0.0);
+    CZoGraphicsModule graphics;
+    graphics.Initialise("bench", &map);
+    IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("countries");
+    for (auto _ : state)
+    {
+        benchmark::DoNotOptimize(ZoGeoJsonNS::LoadGeoJson(&graphics, layer, CountriesJson()).objects.size());
+        state.PauseTiming();
+        layer->DestroyAllMapObjects();
+        state.ResumeTiming();
+    }
+    graphics.Unintialise();
+}
+BENCHMARK(BM_CountriesGeoJsonLoadOnly)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
 // The share of the load that is Qt's JSON parser alone.
 void BM_CountriesJsonParseOnly(benchmark::State& state)
 {

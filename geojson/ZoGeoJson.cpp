@@ -1,5 +1,6 @@
 #include <ZoGraphics/ZoGeoJson.h>
 
+#include "geojson/CZoGeoJsonCoordinates.h"
 #include "layer/CZoGraphicsMapLayer.h"
 
 #include "object/ZoLogText.h"
@@ -44,17 +45,34 @@ constexpr const char* kShortRing = "环少于3个点";
 constexpr const char* kNotCreated = "对象创建失败";
 } // namespace Fault
 
-std::optional<CVector3D> ReadPosition(const QJsonValue& value)
+// A QJsonValue with the accessors the coordinate readers use, so that the
+// same rules read coordinates from QJsonDocument and from the text directly.
+class CJsonValue
 {
-    const QJsonArray a = value.toArray();
-    if (!value.isArray() || a.size() < 2 || !a[0].isDouble() || !a[1].isDouble())
+public:
+    explicit CJsonValue(const QJsonValue& value) : m_value(value), m_array(value.toArray()) {}
+    bool isArray() const { return m_value.isArray(); }
+    bool isDouble() const { return m_value.isDouble(); }
+    int size() const { return m_array.size(); }
+    CJsonValue at(int i) const { return CJsonValue(m_array.at(i)); }
+    double toDouble() const { return m_value.toDouble(); }
+
+private:
+    QJsonValue m_value;
+    QJsonArray m_array;
+};
+
+template <typename Value>
+std::optional<CVector3D> ReadPosition(const Value& a)
+{
+    if (!a.isArray() || a.size() < 2 || !a.at(0).isDouble() || !a.at(1).isDouble())
         return std::nullopt;
-    CVector3D p(a[0].toDouble(), a[1].toDouble(), 0.0);
+    CVector3D p(a.at(0).toDouble(), a.at(1).toDouble(), 0.0);
     if (a.size() > 2)
     {
-        if (!a[2].isDouble())
+        if (!a.at(2).isDouble())
             return std::nullopt;
-        p.z = a[2].toDouble();
+        p.z = a.at(2).toDouble();
     }
     if (!std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z))
         return std::nullopt;
@@ -62,16 +80,16 @@ std::optional<CVector3D> ReadPosition(const QJsonValue& value)
 }
 
 // A list of at least minimum positions, or nothing.
-std::optional<Line> ReadPositions(const QJsonValue& value, int minimum)
+template <typename Value>
+std::optional<Line> ReadPositions(const Value& a, int minimum)
 {
-    if (!value.isArray())
+    if (!a.isArray())
         return std::nullopt;
-    const QJsonArray a = value.toArray();
     Line line;
     line.reserve(static_cast<std::size_t>(a.size()));
-    for (const QJsonValue& v : a)
+    for (int i = 0; i < a.size(); ++i)
     {
-        const std::optional<CVector3D> p = ReadPosition(v);
+        const std::optional<CVector3D> p = ReadPosition(a.at(i));
         if (!p)
             return std::nullopt;
         line.push_back(*p);
@@ -82,7 +100,8 @@ std::optional<Line> ReadPositions(const QJsonValue& value, int minimum)
 }
 
 // Rings come closed; the objects close them themselves.
-bool ReadRing(const QJsonValue& value, Line* ring, const char** fault)
+template <typename Value>
+bool ReadRing(const Value& value, Line* ring, const char** fault)
 {
     std::optional<Line> points = ReadPositions(value, 0);
     if (!points)
@@ -101,30 +120,32 @@ bool ReadRing(const QJsonValue& value, Line* ring, const char** fault)
     return true;
 }
 
-bool ReadPolygon(const QJsonValue& value, Lines* rings, const char** fault)
+template <typename Value>
+bool ReadPolygon(const Value& value, Lines* rings, const char** fault)
 {
-    if (!value.isArray() || value.toArray().isEmpty())
+    if (!value.isArray() || value.size() == 0)
     {
         *fault = Fault::kCoordinates;
         return false;
     }
-    for (const QJsonValue& r : value.toArray())
+    for (int i = 0; i < value.size(); ++i)
     {
         Line ring;
-        if (!ReadRing(r, &ring, fault))
+        if (!ReadRing(value.at(i), &ring, fault))
             return false;
         rings->push_back(std::move(ring));
     }
     return true;
 }
 
-bool ReadLines(const QJsonValue& value, Lines* lines)
+template <typename Value>
+bool ReadLines(const Value& value, Lines* lines)
 {
-    if (!value.isArray() || value.toArray().isEmpty())
+    if (!value.isArray() || value.size() == 0)
         return false;
-    for (const QJsonValue& l : value.toArray())
+    for (int i = 0; i < value.size(); ++i)
     {
-        std::optional<Line> line = ReadPositions(l, 2);
+        std::optional<Line> line = ReadPositions(value.at(i), 2);
         if (!line)
             return false;
         lines->push_back(std::move(*line));
@@ -140,10 +161,9 @@ struct SGeometry
     QVariantList ringsPerPolygon;
 };
 
-bool ReadGeometry(const QJsonObject& geometry, SGeometry* out, const char** fault)
+template <typename Value>
+bool ReadCoordinates(const QString& type, const Value& coordinates, SGeometry* out, const char** fault)
 {
-    const QString type = geometry.value("type").toString();
-    const QJsonValue coordinates = geometry.value("coordinates");
     *fault = Fault::kCoordinates;
     if (type == "Point")
     {
@@ -180,12 +200,12 @@ bool ReadGeometry(const QJsonObject& geometry, SGeometry* out, const char** faul
     if (type == "MultiPolygon")
     {
         out->kind = SGeometry::Kind::Rings;
-        if (!coordinates.isArray() || coordinates.toArray().isEmpty())
+        if (!coordinates.isArray() || coordinates.size() == 0)
             return false;
-        for (const QJsonValue& polygon : coordinates.toArray())
+        for (int i = 0; i < coordinates.size(); ++i)
         {
             const std::size_t before = out->lines.size();
-            if (!ReadPolygon(polygon, &out->lines, fault))
+            if (!ReadPolygon(coordinates.at(i), &out->lines, fault))
                 return false;
             out->ringsPerPolygon.append(static_cast<int>(out->lines.size() - before));
         }
@@ -193,6 +213,18 @@ bool ReadGeometry(const QJsonObject& geometry, SGeometry* out, const char** faul
     }
     *fault = Fault::kGeometryType;
     return false;
+}
+
+// The coordinates come from the text directly where they were cut out of it.
+bool ReadGeometry(const QJsonObject& geometry, int feature, const CZoGeoJsonCoordinates& extracted, SGeometry* out,
+                  const char** fault)
+{
+    const QString type = geometry.value("type").toString();
+    const QJsonValue coordinates = geometry.value("coordinates");
+    int root = -1;
+    if (coordinates.isString() && extracted.Lookup(coordinates.toString(), feature, &root))
+        return ReadCoordinates(type, extracted.Value(root), out, fault);
+    return ReadCoordinates(type, CJsonValue(coordinates), out, fault);
 }
 
 IZoGraphicsMapObject* Create(IZoGraphicsModule* module, IZoGraphicsMapLayer* layer, const std::string& name,
@@ -338,8 +370,15 @@ SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer*
         ZoLogWarnAt(kReader, "Load") << ZoLogReason::kArgumentNull;
         return result;
     }
+    CZoGeoJsonCoordinates extracted;
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    QJsonDocument document = QJsonDocument::fromJson(extracted.Extract(json), &error);
+    if (error.error != QJsonParseError::NoError)
+    {
+        // Where the text broke is told in the text as it was given.
+        extracted = CZoGeoJsonCoordinates();
+        document = QJsonDocument::fromJson(json, &error);
+    }
     if (error.error != QJsonParseError::NoError)
     {
         ZoLogWarnAt(kReader, "Load") << "JSON解析失败, 偏移: " << error.offset << " ("
@@ -365,7 +404,7 @@ SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer*
         }
         SGeometry geometry;
         const char* fault = nullptr;
-        if (!ReadGeometry(feature.value("geometry").toObject(), &geometry, &fault))
+        if (!ReadGeometry(feature.value("geometry").toObject(), index, extracted, &geometry, &fault))
         {
             LogFeatureFault(index, fault);
             ++result.skipped;

@@ -6,6 +6,11 @@
 
 #include <QFile>
 #include <QGraphicsItem>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <cstring>
+#include <random>
 
 using Messages = std::vector<std::string>;
 using namespace ZoGeoJsonNS;
@@ -163,4 +168,123 @@ TEST_F(GeoJson, TheNaturalEarthCountriesLoadWhole)
     EXPECT_EQ(result.objects.size(), 241u);
     EXPECT_NE(module.LookupMultiPolygonMapObject("China"), nullptr);
     EXPECT_TRUE(log.Messages().empty());
+}
+
+namespace
+{
+// The coordinates of every LineString feature of json, read by QJsonDocument
+// alone: what the loader must give, number for number.
+std::vector<std::vector<CVector3D>> ReadByQt(const QByteArray& json)
+{
+    std::vector<std::vector<CVector3D>> lines;
+    for (const QJsonValue& feature : QJsonDocument::fromJson(json).object().value("features").toArray())
+    {
+        std::vector<CVector3D> line;
+        for (const QJsonValue& p : feature.toObject().value("geometry").toObject().value("coordinates").toArray())
+            line.emplace_back(p.toArray().at(0).toDouble(), p.toArray().at(1).toDouble(), p.toArray().at(2).toDouble());
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+QByteArray LineFeatures(const std::vector<QByteArray>& coordinates)
+{
+    QByteArray json = R"({"type":"FeatureCollection","features":[)";
+    for (std::size_t i = 0; i < coordinates.size(); ++i)
+        json += (i ? "," : "") + QByteArray(R"({"type":"Feature","properties":{},"geometry":{"type":"LineString","coordinates":)") +
+                coordinates[i] + "}}";
+    return json + "]}";
+}
+} // namespace
+
+// Coordinates are read from the text without QJsonDocument's values; every
+// spelling of a number must still come out as the very double Qt reads.
+TEST_F(GeoJson, NumbersReadAsQtReadsThemInEverySpelling)
+{
+    const std::vector<QByteArray> spellings = {
+        "0", "-0", "0.0", "-0.0", "1", "-17", "123456789012345678", "9223372036854775807", "9223372036854775808",
+        "-9223372036854775809", "0.1", "-0.30000000000000004", "116.391275", "179.999999999999999999",
+        "1e3", "1E-3", "-2.5e+2", "1.7976931348623157e308", "4.9e-324", "2.2250738585072014e-308",
+        "123456789012345.6", "0.000000000000000000001", "12345678901234567890.5", "3.141592653589793238462643"};
+    std::mt19937_64 random(7);
+    std::vector<QByteArray> all = spellings;
+    for (int i = 0; i < 2000; ++i)
+    {
+        // Random decimals of every length around the short-decimal limit.
+        const int digits = 1 + static_cast<int>(random() % 19);
+        QByteArray text = random() % 2 ? "-" : "";
+        for (int d = 0; d < digits; ++d)
+            text += static_cast<char>('0' + random() % 10);
+        const int point = static_cast<int>(random() % static_cast<unsigned>(digits));
+        if (point > 0 && text.size() > 1 && text[text.startsWith('-') ? 1 : 0] != '0')
+            text.insert(text.size() - point, '.');
+        else
+            text = QByteArray::number(static_cast<qlonglong>(random() % 100000)) + "." + text.mid(text.startsWith('-') ? 1 : 0);
+        all.push_back(text);
+    }
+    std::vector<QByteArray> lines;
+    for (std::size_t i = 0; i + 2 < all.size(); i += 3)
+        lines.push_back("[[" + all[i] + "," + all[i + 1] + "," + all[i + 2] + "],[ 0 ,\n0\t, 0 ]]");
+    const QByteArray json = LineFeatures(lines);
+    const std::vector<std::vector<CVector3D>> expected = ReadByQt(json);
+    const SZoGeoJsonLoadResult result = LoadGeoJson(&module, layer, json);
+    ASSERT_EQ(result.objects.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i)
+    {
+        const std::vector<CVector3D> got = GeometryOf(result.objects[i]).front();
+        ASSERT_EQ(got.size(), 2u);
+        for (int k = 0; k < 3; ++k)
+        {
+            const double want = k == 0 ? expected[i][0].x : k == 1 ? expected[i][0].y : expected[i][0].z;
+            const double have = k == 0 ? got[0].x : k == 1 ? got[0].y : got[0].z;
+            EXPECT_EQ(std::memcmp(&want, &have, sizeof(double)), 0)
+                << all[3 * i + static_cast<std::size_t>(k)].toStdString() << ": " << have << " instead of " << want;
+        }
+    }
+}
+
+// Only a feature geometry's coordinates are read past QJsonDocument; arrays
+// elsewhere, coordinates that are not plain numbers, and text that breaks
+// inside coordinates behave exactly as when QJsonDocument reads it all.
+TEST_F(GeoJson, OnlyPlainGeometryCoordinatesAreReadDirectly)
+{
+    const QByteArray json = R"({"type":"FeatureCollection","coordinates":[9,9],"features":[
+      {"type":"Feature","properties":{"name":"a","coordinates":[[1,2],[3,4]]},"geometry":{"type":"LineString","coordinates":[[1,2],[3,4]]}},
+      {"type":"Feature","properties":{},"geometry":{"type":"LineString","coordinates":[[1,2],[3,1e999]]}},
+      {"type":"Feature","properties":{},"geometry":{"type":"LineString","coordinates":[[1,2],[3,true]]}},
+      {"type":"Feature","properties":{},"geometry":{"type":"LineString","coordinates":[[[[[[[[1]]]]]]]]}},
+      {"type":"Feature","properties":{"name":"b"},"geometry":{"coordinates":[[5,6],[7,8]],"type":"LineString"}}
+    ]})";
+    const SZoGeoJsonLoadResult result = LoadGeoJson(&module, layer, json.simplified().replace("1e999", "1e300"));
+    ASSERT_EQ(result.objects.size(), 3u);
+    EXPECT_EQ(result.objects[0]->GetProperty("coordinates").toList().size(), 2);
+    EXPECT_EQ(GeometryOf(result.objects[1]).front()[1].y, 1e300);
+    EXPECT_EQ(result.objects[2]->GetName(), "b");
+    EXPECT_EQ(GeometryOf(result.objects[2]).front()[1].x, 7.0);
+    EXPECT_EQ(result.skipped, 2); // true, and arrays nested too deep
+
+    // A number out of range breaks the text for QJsonDocument, and the
+    // warning names the offset in the text as given.
+    for (const QByteArray& broken : {json, QByteArray(json).replace("[[1,2],[3,4]]}}", "[[1,2],[3,4],]}}"),
+                                     QByteArray(json).replace("[[5,6],[7,8]]", "[[5,6],[7,8]"),
+                                     QByteArray(json).replace("[[5,6]", "[[5 6]")})
+    {
+        QJsonParseError expected;
+        QJsonDocument::fromJson(broken, &expected);
+        ASSERT_NE(expected.error, QJsonParseError::NoError);
+        log.Clear();
+        EXPECT_FALSE(LoadGeoJson(&module, layer, broken).parsed);
+        ASSERT_EQ(log.Messages().size(), 1u);
+        EXPECT_EQ(log.Messages()[0].rfind("[CZoGeoJsonReader::Load] JSON解析失败, 偏移: " +
+                                              std::to_string(expected.offset) + " ",
+                                          0),
+                  0u)
+            << log.Messages()[0];
+    }
+
+    // A string that looks like the reader's own placeholders stays a string.
+    log.Clear();
+    const SZoGeoJsonLoadResult forged = LoadGeoJson(&module, layer, LineFeatures({R"("\u00000")", "[[1,2],[3,4]]"}));
+    EXPECT_EQ(forged.objects.size(), 1u);
+    EXPECT_EQ(forged.skipped, 1);
 }
