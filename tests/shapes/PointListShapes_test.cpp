@@ -1,6 +1,7 @@
 #include "support/ImageCompare.h"
 #include "support/RenderItem.h"
 #include "support/ModuleFixture.h"
+#include "support/SimplifyingLayer.h"
 
 #include "shapes/multidot/CZoMultiDotMapObject.h"
 #include "shapes/multiline/CZoMultiLineMapObject.h"
@@ -9,6 +10,8 @@
 
 #include <QGraphicsItem>
 #include <QPainter>
+#include <QPicture>
+#include <functional>
 #include <cmath>
 
 using Messages = std::vector<std::string>;
@@ -201,4 +204,84 @@ TEST_F(PointListShapes, CanvasPaintingProjectsEveryPointThroughTheCanvas)
     EXPECT_EQ(image.pixelColor(512 + 100, 512 - 50), fill);
     EXPECT_NE(image.pixelColor(512 + 130, 512 - 50), fill);
     EXPECT_NE(image.pixelColor(512 - 10, 512 + 10), fill);
+}
+
+// --- screen-space thinning --------------------------------------------------------
+
+namespace
+{
+// A circle of radius r degrees sampled far finer than a pixel.
+std::vector<CVector3D> FineCircle(double r, int count)
+{
+    std::vector<CVector3D> circle;
+    for (int k = 0; k < count; ++k)
+        circle.emplace_back(r * std::cos(2 * M_PI * k / count), r * std::sin(2 * M_PI * k / count), 0.0);
+    return circle;
+}
+
+// What painting the item records, and what it looks like.
+std::pair<int, QImage> Painted(QGraphicsItem* item)
+{
+    QPicture picture;
+    QPainter recorder(&picture);
+    item->paint(&recorder, nullptr, nullptr);
+    recorder.end();
+    return {static_cast<int>(picture.size()), RenderItemCentred(item, 120, 120)};
+}
+} // namespace
+
+// A layer that asks for it gets every outline kind drawn from fewer points,
+// looking the same.
+TEST_F(PointListShapes, OutlinesAreThinnedOnlyWhenTheLayerAsksAndLookTheSame)
+{
+    CSimplifyingLayer simplifying(module.CreateGraphicsLayer("simplifying"));
+    const std::vector<CVector3D> circle = FineCircle(3.0, 6000);
+    using Make = std::function<IZoGraphicsMapObject*(IZoGraphicsMapLayer*, const std::string&)>;
+    const std::vector<std::pair<const char*, Make>> kinds = {
+        {"polyline",
+         [&](IZoGraphicsMapLayer* l, const std::string& n) {
+             auto* o = module.CreatePolylineMapObject(n, l);
+             o->SetData(circle);
+             return o;
+         }},
+        {"polygon",
+         [&](IZoGraphicsMapLayer* l, const std::string& n) {
+             auto* o = module.CreatePolygonMapObject(n, l);
+             o->SetData(circle);
+             return o;
+         }},
+        {"multi-line",
+         [&](IZoGraphicsMapLayer* l, const std::string& n) {
+             auto* o = module.CreateMultiLineMapObject(n, l);
+             o->SetData({circle, FineCircle(1.5, 3000)});
+             return o;
+         }},
+        {"multi-polygon",
+         [&](IZoGraphicsMapLayer* l, const std::string& n) {
+             auto* o = module.CreateMultiPolygonMapObject(n, l);
+             o->SetData({circle, FineCircle(1.5, 3000)});
+             return o;
+         }},
+    };
+    for (const auto& [what, make] : kinds)
+    {
+        SCOPED_TRACE(what);
+        IZoGraphicsMapObject* plain = make(layer, std::string("plain ") + what);
+        IZoGraphicsMapObject* thinned = make(&simplifying, std::string("thinned ") + what);
+        ASSERT_NE(plain, nullptr);
+        ASSERT_NE(thinned, nullptr);
+        const auto [plainBytes, plainLook] = Painted(plain->GetQtItem());
+        const auto [thinBytes, thinLook] = Painted(thinned->GetQtItem());
+        // Lines drop sub-pixel steps while drawing anyway; the layer's
+        // thinning goes further.
+        EXPECT_LT(thinBytes, plainBytes);
+        int differing = 0;
+        for (int y = 0; y < 120; ++y)
+            for (int x = 0; x < 120; ++x)
+                differing += std::abs(qGray(thinLook.pixel(x, y)) - qGray(plainLook.pixel(x, y))) > 48;
+        EXPECT_LT(differing, 60);
+        EXPECT_NE(thinLook, BlankCanvas(120, 120));
+        EXPECT_EQ(thinned->GetQtItem()->boundingRect(), plain->GetQtItem()->boundingRect());
+        module.DestroyGraphicsMapObject(thinned); // before the layer double goes
+    }
 }
