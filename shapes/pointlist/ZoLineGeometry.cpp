@@ -82,10 +82,11 @@ void WidenCoverage(QImage* mask, QRgb color, double gain)
     const int w = mask->width();
     const int h = mask->height();
     thread_local std::vector<int> rows;
-    rows.assign(static_cast<std::size_t>(3 * (w + 2)), 0);
+    rows.assign(static_cast<std::size_t>(4 * (w + 2)), 0);
     int* prev = rows.data();
     int* cur = prev + (w + 2);
     int* next = cur + (w + 2);
+    int* widened = next + (w + 2);
     auto load = [&](int y, int* row) {
         if (y >= h)
         {
@@ -94,27 +95,30 @@ void WidenCoverage(QImage* mask, QRgb color, double gain)
         }
         const QRgb* s = reinterpret_cast<const QRgb*>(mask->constScanLine(y));
         for (int x = 0; x < w; ++x)
-            row[x + 1] = static_cast<int>(qAlpha(s[x]));
+            row[x + 1] = static_cast<int>(s[x] >> 24);
     };
     load(0, cur);
     load(1, next);
     const int k = static_cast<int>(std::lround(gain * 256.0));
+    QRgb tinted[256];
     const QRgb premultiplied = qPremultiply(color);
-    const int channels[4] = {qAlpha(premultiplied), qRed(premultiplied), qGreen(premultiplied), qBlue(premultiplied)};
+    for (int v = 0; v < 256; ++v)
+        tinted[v] = qRgba((qRed(premultiplied) * v + 127) / 255, (qGreen(premultiplied) * v + 127) / 255,
+                          (qBlue(premultiplied) * v + 127) / 255, (qAlpha(premultiplied) * v + 127) / 255);
     for (int y = 0; y < h; ++y)
     {
-        QRgb* d = reinterpret_cast<QRgb*>(mask->scanLine(y));
+        // Branch-free, so that the compiler can vectorise it.
         for (int x = 1; x <= w; ++x)
         {
             const int gx = std::abs(cur[x + 1] - cur[x - 1]);
             const int gy = std::abs(next[x] - prev[x]);
             // max + min / 2 stands in for the gradient's length
             const int g = std::max(gx, gy) + (std::min(gx, gy) >> 1);
-            const int v = std::min(255, cur[x] + ((g * k) >> 9));
-            d[x - 1] = v == 0 ? 0u
-                              : qRgba((channels[1] * v + 127) / 255, (channels[2] * v + 127) / 255,
-                                      (channels[3] * v + 127) / 255, (channels[0] * v + 127) / 255);
+            widened[x] = std::min(255, cur[x] + ((g * k) >> 9));
         }
+        QRgb* d = reinterpret_cast<QRgb*>(mask->scanLine(y));
+        for (int x = 1; x <= w; ++x)
+            d[x - 1] = tinted[widened[x]];
         std::swap(prev, cur);
         std::swap(cur, next);
         load(y + 2, next);
