@@ -189,9 +189,9 @@ void RenderScene(QGraphicsScene* scene, QImage& image, const QRectF& source)
     scene->render(&painter, QRectF(image.rect()), source);
 }
 
-// All countries loaded from GeoJSON as multi-polygons, then the first frame
-// of the whole world at zoom 2.
-void BM_CountriesGeoJsonFirstFrame(benchmark::State& state)
+// All countries loaded from GeoJSON as multi-polygons onto a layer of a
+// world map at zoom 2, then, with frame set, the first frame of the world.
+void LoadCountries(benchmark::State& state, bool frame)
 {
     CZoMapModule map;
     map.SetZoomAround(2.0, 0.0, 0.0);
@@ -203,9 +203,9 @@ void BM_CountriesGeoJsonFirstFrame(benchmark::State& state)
     std::size_t loaded = 0;
     for (auto _ : state)
     {
-        const ZoGeoJsonNS::SZoGeoJsonLoadResult result = ZoGeoJsonNS::LoadGeoJson(&graphics, layer, CountriesJson());
-        RenderScene(map.GetScene(), image, world);
-        loaded = result.objects.size();
+        loaded = ZoGeoJsonNS::LoadGeoJson(&graphics, layer, CountriesJson()).objects.size();
+        if (frame)
+            RenderScene(map.GetScene(), image, world);
         state.PauseTiming();
         layer->DestroyAllMapObjects();
         state.ResumeTiming();
@@ -213,25 +213,11 @@ void BM_CountriesGeoJsonFirstFrame(benchmark::State& state)
     state.counters["countries"] = static_cast<double>(loaded);
     graphics.Unintialise();
 }
-BENCHMARK(BM_CountriesGeoJsonFirstFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
+void BM_CountriesGeoJsonFirstFrame(benchmark::State& state) { LoadCountries(state, true); }
+BENCHMARK(BM_CountriesGeoJsonFirstFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 // The load alone, without the frame.
-void BM_CountriesGeoJsonLoadOnly(benchmark::State& state)
-{
-    CZoMapModule map;
-    map.SetZoomAround(2.0, 0.0, 0.0);
-    CZoGraphicsModule graphics;
-    graphics.Initialise("bench", &map);
-    IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("countries");
-    for (auto _ : state)
-    {
-        benchmark::DoNotOptimize(ZoGeoJsonNS::LoadGeoJson(&graphics, layer, CountriesJson()).objects.size());
-        state.PauseTiming();
-        layer->DestroyAllMapObjects();
-        state.ResumeTiming();
-    }
-    graphics.Unintialise();
-}
+void BM_CountriesGeoJsonLoadOnly(benchmark::State& state) { LoadCountries(state, false); }
 BENCHMARK(BM_CountriesGeoJsonLoadOnly)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
 // The share of the load that is Qt's JSON parser alone.
