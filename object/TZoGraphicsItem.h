@@ -6,6 +6,7 @@
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
 #include <QGraphicsSceneHoverEvent>
+#include <QVariant>
 #include <QGraphicsSceneMouseEvent>
 
 // Item data keys by which scene-side code finds the object of an item.

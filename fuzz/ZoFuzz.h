@@ -1,0 +1,74 @@
+#pragma once
+
+#include <ZoGraphics/ZoLogSystem.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+// The fuzz targets. Each reads its operations from the bytes, checks the
+// library against a plain model after every step where it keeps one, and
+// returns 0. They run under libFuzzer (fuzz/FuzzEntry.cpp) and, over their
+// checked-in corpora, in the ordinary test suite.
+int ZoFuzzRegistry(const std::uint8_t* data, std::size_t size);
+int ZoFuzzPointList(const std::uint8_t* data, std::size_t size);
+int ZoFuzzSetters(const std::uint8_t* data, std::size_t size);
+int ZoFuzzFiles(const std::uint8_t* data, std::size_t size);
+
+// A mismatch with the model. Under libFuzzer it aborts, so that the input is
+// kept as a crash; the test suite turns it into a test failure.
+using ZoFuzzFailureHandler = void (*)(const std::string& what);
+void ZoFuzzSetFailureHandler(ZoFuzzFailureHandler handler);
+void ZoFuzzFail(const std::string& what);
+
+#define ZO_FUZZ_CHECK(condition, what)                                                                            \
+    do                                                                                                            \
+    {                                                                                                             \
+        if (!(condition))                                                                                         \
+            ZoFuzzFail(std::string(__FILE__ ":") + std::to_string(__LINE__) + ": " #condition ": " + (what));     \
+    } while (0)
+
+// Operations and values drawn from the fuzzer's bytes; past the end every
+// read gives zero, so that any input is a whole run.
+class CZoFuzzInput
+{
+public:
+    CZoFuzzInput(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
+
+    bool Empty() const { return m_offset >= m_size; }
+    std::uint8_t Byte() { return m_offset < m_size ? m_data[m_offset++] : 0; }
+    bool Bool() { return Byte() & 1; }
+    // In [low, high].
+    int Int(int low, int high);
+    // Mostly hostile: NaN, infinities, huge, tiny, negative, angles far
+    // beyond a turn; now and then any bit pattern.
+    double Double();
+    // A small ordinary value: coordinates and sizes a host would use.
+    double Plain(double low, double high);
+    // Up to maxLength bytes, often not valid GB18030.
+    std::string Bytes(std::size_t maxLength);
+
+private:
+    const std::uint8_t* m_data;
+    std::size_t m_size;
+    std::size_t m_offset = 0;
+};
+
+// A QApplication on the offscreen platform, made once.
+void ZoFuzzEnsureApplication();
+
+// Drops the library's warnings while a run lasts: they are expected by the
+// thousand.
+class CZoQuietLog
+{
+public:
+    CZoQuietLog();
+    ~CZoQuietLog();
+    CZoQuietLog(const CZoQuietLog&) = delete;
+    CZoQuietLog& operator=(const CZoQuietLog&) = delete;
+
+private:
+    ZoLogSink m_previous;
+};
