@@ -1,6 +1,7 @@
 #include "edit/CKeyPointSet.h"
 
 #include "edit/ZoEditHandles.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoDotMapObject.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -391,7 +392,7 @@ void CKeyPointSet::UpdateWindow()
     area.adjust(-area.width() * kWindowMargin, -area.height() * kWindowMargin, area.width() * kWindowMargin,
                 area.height() * kWindowMargin);
     double left = 0.0, top = 0.0, right = 0.0, bottom = 0.0;
-    map->ConvertPixelToScene(&left, &top, static_cast<int>(area.left()), static_cast<int>(area.top()));
+    map->ConvertPixelToScene(&left, &top, ZoPixelInt(area.left()), ZoPixelInt(area.top()));
     map->ConvertPixelToScene(&right, &bottom, static_cast<int>(area.right()), static_cast<int>(area.bottom()));
     m_window = EXTENT{std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
     m_windowed = true;

@@ -1,6 +1,7 @@
 #include "edit/CScaleBox.h"
 
 #include "edit/ZoEditHandles.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoDotMapObject.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -217,8 +218,8 @@ void CScaleBox::LayOut(const EXTENT& box)
         !map->ConvertSceneToPixel(&bx, &by, box.xmax, box.ymin))
         return;
     // Integer midpoints: the half pixel is dropped.
-    const int mx = static_cast<int>((ax + bx) * 0.5);
-    const int my = static_cast<int>((ay + by) * 0.5);
+    const int mx = ZoPixelInt((ax + bx) * 0.5);
+    const int my = ZoPixelInt((ay + by) * 0.5);
     const int pixels[kHandleCount][2] = {{ax, ay}, {bx, ay}, {bx, by}, {ax, by},
                                          {mx, ay}, {bx, my}, {mx, by}, {ax, my}};
     for (int i = 0; i < kHandleCount; ++i)

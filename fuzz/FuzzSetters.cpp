@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <cmath>
 #include <memory>
+#include <typeinfo>
 
 namespace
 {
@@ -197,7 +198,10 @@ void SetOwn(IZoGraphicsMapObject* o, CZoFuzzInput& in)
         {
         case 0: bubble->SetPosition(Point(in)); break;
         case 1: bubble->SetSize(in.Int(-100000, 100000), in.Int(-100000, 100000)); break;
-        default: bubble->SetTailDirection(static_cast<EZoBubbleTailDirection>(in.Int(-2, 8))); break;
+        default:
+            // Any value the enumeration can hold, named or not.
+            bubble->SetTailDirection(static_cast<EZoBubbleTailDirection>(in.Int(0, 7)));
+            break;
         }
     else if (auto* line = dynamic_cast<IZoPolylineMapObject*>(o))
         switch (in.Int(0, 2))
@@ -291,13 +295,20 @@ bool Finite(const QRectF& r)
     return std::isfinite(r.x()) && std::isfinite(r.y()) && std::isfinite(r.width()) && std::isfinite(r.height());
 }
 
+std::string Describe(const QGraphicsItem* item, const QRectF& r)
+{
+    return std::string(typeid(*item).name()) + " " + std::to_string(r.x()) + "," + std::to_string(r.y()) + " " +
+           std::to_string(r.width()) + "x" + std::to_string(r.height());
+}
+
 void CheckScene(QGraphicsScene* scene)
 {
     for (QGraphicsItem* item : scene->items())
     {
-        ZO_FUZZ_CHECK(std::isfinite(item->pos().x()) && std::isfinite(item->pos().y()), "item position");
-        ZO_FUZZ_CHECK(Finite(item->boundingRect()), "item bounds");
-        ZO_FUZZ_CHECK(Finite(item->sceneBoundingRect()), "item scene bounds");
+        ZO_FUZZ_CHECK(std::isfinite(item->pos().x()) && std::isfinite(item->pos().y()),
+                      Describe(item, QRectF(item->pos(), QSizeF())));
+        ZO_FUZZ_CHECK(Finite(item->boundingRect()), Describe(item, item->boundingRect()));
+        ZO_FUZZ_CHECK(Finite(item->sceneBoundingRect()), Describe(item, item->sceneBoundingRect()));
     }
 }
 } // namespace

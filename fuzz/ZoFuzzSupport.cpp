@@ -104,7 +104,11 @@ void ZoFuzzEnsureApplication()
     static int argc = 1;
     static char name[] = "zographics_fuzz";
     static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
+    // libFuzzer ends the process with exit(): an application destroyed among
+    // the static objects would run Qt's post routines after the caches they
+    // clean up are gone. It lives as long as the process instead.
+    static QApplication* const application = new QApplication(argc, argv);
+    Q_UNUSED(application);
 }
 
 CZoQuietLog::CZoQuietLog() : m_previous(ZoSetLogSink([](EZoLogLevel, const std::string&) {})) {}

@@ -511,6 +511,18 @@ void CZoGraphicsModule::StackedBottom(IZoGraphicsMapObject* object, const std::v
     Stack(EStacking::Bottom, "StackedBottom", object, ids);
 }
 
+namespace
+{
+// Qt orders only siblings in one scene; asked to order an item among the
+// top-level items of a scene it is not in, it corrupts its own lists. Items
+// out of the scene only take the z value.
+void StackBefore(QGraphicsItem* item, const QGraphicsItem* sibling)
+{
+    if (item->scene() && item->scene() == sibling->scene() && item->parentItem() == sibling->parentItem())
+        item->stackBefore(sibling);
+}
+} // namespace
+
 // All items involved take the layer's z value and are then ordered among
 // equal z values; the objects' stored z values stay as they were, so a later
 // Dirty puts them back.
@@ -550,7 +562,7 @@ void CZoGraphicsModule::Stack(EStacking mode, const char* method, IZoGraphicsMap
         case EStacking::Top:
         case EStacking::Upper:
             otherItem->setZValue(z);
-            otherItem->stackBefore(item);
+            StackBefore(otherItem, item);
             if (mode == EStacking::Upper)
                 return;
             break;
@@ -558,13 +570,13 @@ void CZoGraphicsModule::Stack(EStacking mode, const char* method, IZoGraphicsMap
             if (other->GetZValue() > z)
                 break;
             otherItem->setZValue(z);
-            item->stackBefore(otherItem);
+            StackBefore(item, otherItem);
             return;
         case EStacking::Bottom:
             if (other->GetZValue() < z)
                 break;
             otherItem->setZValue(z);
-            item->stackBefore(otherItem);
+            StackBefore(item, otherItem);
             break;
         }
     }

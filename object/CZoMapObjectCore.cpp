@@ -2,6 +2,7 @@
 
 #include "object/IZoMapObjectInternal.h"
 #include "object/ZoLogText.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/IZoGraphicsMapObject.h>
@@ -20,10 +21,14 @@ namespace
 {
 constexpr int kAllMouseButtons = 0x7FFFFFF;
 
-// k = 1 / view scale; a scale that is not a positive number leaves k alone.
+// k = 1 / view scale; a scale that is not a positive number leaves k alone,
+// and so does one so far from 1 that pixel sizes times k would overflow.
+constexpr double kMinViewScale = 1e-12;
+constexpr double kMaxViewScale = 1e12;
+
 bool PixelScaleFromViewScale(double viewScale, double* k)
 {
-    if (!(viewScale > 0.0) || !std::isfinite(viewScale))
+    if (!(viewScale >= kMinViewScale && viewScale <= kMaxViewScale))
         return false;
     *k = 1.0 / viewScale;
     return true;
@@ -182,6 +187,8 @@ void CZoMapObjectCore::SetNameFont(const QFont& font)
 
 void CZoMapObjectCore::SetNameOffset(float offset)
 {
+    if (!ZoPlausiblePixels(offset))
+        return;
     m_label.SetOffset(offset);
     if (m_item)
         RelayoutNameAndRepaint(false);
@@ -201,6 +208,8 @@ void CZoMapObjectCore::SetNameOutlineColor(const QColor& color)
 
 void CZoMapObjectCore::SetNameOutlineWidth(double width)
 {
+    if (!ZoPlausiblePenWidth(width))
+        return;
     m_label.outlineWidth = width;
     InvalidateLabels(); // the halo is part of what must not overlap
     Update();

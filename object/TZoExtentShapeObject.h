@@ -40,7 +40,9 @@ public:
             return;
         }
         m_extent = extent;
-        m_center = CVector3D((extent.xmin + extent.xmax) * 0.5, (extent.ymin + extent.ymax) * 0.5, 0.0);
+        // Halved before they are added, so that corners near the largest
+        // double still have a finite centre.
+        m_center = CVector3D(extent.xmin * 0.5 + extent.xmax * 0.5, extent.ymin * 0.5 + extent.ymax * 0.5, 0.0);
         m_width = MeasureWidth();
         m_height = MeasureHeight();
         this->Core().UpdatePosition();

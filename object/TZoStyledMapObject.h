@@ -1,6 +1,7 @@
 #pragma once
 
 #include "object/TZoMapObjectBase.h"
+#include "object/ZoPixelValues.h"
 #include "object/ZoStyleRecords.h"
 
 // How a surface kind's item answers two of the style setters. Kinds differ
@@ -58,6 +59,8 @@ public:
     unsigned int GetLabelAlignment() const override { return this->m_style.labelAlignment; }
     void SetPenWidth(float width) override
     {
+        if (!ZoPlausiblePenWidth(width))
+            return;
         this->m_style.penWidth = width;
         if (Derived::kSurfaceRefresh.penWidthRebuildsShape)
             this->Core().RebuildAndRepaint(true);
@@ -93,6 +96,8 @@ class TZoLineStyleObject : public TZoStyleObjectBase<Interface, Derived, Item, L
 public:
     void SetPenWidth(float width) override
     {
+        if (!ZoPlausiblePenWidth(width))
+            return;
         this->m_style.penWidth = width;
         this->Core().RebuildAndRepaint(true);
     }

@@ -1,6 +1,7 @@
 #include "content/markpoint/CZoMarkPointMapObject.h"
 
 #include "content/text/ZoTextBlockMetrics.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
@@ -65,7 +66,7 @@ void CZoMarkPointMapObject::SetRotateAngle(double degrees)
 
 void CZoMarkPointMapObject::SetIconSize(double width, double height)
 {
-    if (!std::isfinite(width) || !std::isfinite(height))
+    if (!ZoPlausiblePixels(width) || !ZoPlausiblePixels(height))
         return;
     m_iconWidth = width;
     m_iconHeight = height;
@@ -74,7 +75,7 @@ void CZoMarkPointMapObject::SetIconSize(double width, double height)
 
 void CZoMarkPointMapObject::SetIconAnchor(const CVector3D& anchor)
 {
-    if (!std::isfinite(anchor.x) || !std::isfinite(anchor.y))
+    if (!ZoPlausiblePixels(anchor.x) || !ZoPlausiblePixels(anchor.y))
         return;
     m_iconAnchor = anchor;
     RelayoutIcon();

@@ -1,6 +1,7 @@
 #include "content/svg/CZoSVGMapObject.h"
 
 #include "object/ZoLogText.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/ZoCoreUtility.h>
@@ -84,15 +85,15 @@ bool CZoSVGMapObject::LoadSVGFile(const std::string& path, const CVector3D& cent
     const double w = size.width();
     const double h = size.height();
     const QPointF c = Core().ConvertGeoToScenePixel(center, kLogNames.anchorConvertMethod);
-    const int cx = static_cast<int>(c.x());
-    const int cy = static_cast<int>(c.y());
+    const int cx = ZoPixelInt(c.x());
+    const int cy = ZoPixelInt(c.y());
     // The extent reaches a whole width and height from the centre on every
     // side, twice the picture; hosts size their views by it.
     double unused = 0.0;
-    map->ConvertPixelToScene(&m_extent.xmin, &m_extent.ymin, static_cast<int>(cx - w), static_cast<int>(cy + h));
-    map->ConvertPixelToScene(&unused, &m_extent.ymax, static_cast<int>(cx - w), static_cast<int>(cy - h));
-    map->ConvertPixelToScene(&m_extent.xmax, &unused, static_cast<int>(cx + w), static_cast<int>(cy - h));
-    map->ConvertPixelToScene(&m_extent.xmax, &unused, static_cast<int>(cx + w), static_cast<int>(cy + h));
+    map->ConvertPixelToScene(&m_extent.xmin, &m_extent.ymin, ZoPixelInt(cx - w), ZoPixelInt(cy + h));
+    map->ConvertPixelToScene(&unused, &m_extent.ymax, ZoPixelInt(cx - w), ZoPixelInt(cy - h));
+    map->ConvertPixelToScene(&m_extent.xmax, &unused, ZoPixelInt(cx + w), ZoPixelInt(cy - h));
+    map->ConvertPixelToScene(&m_extent.xmax, &unused, ZoPixelInt(cx + w), ZoPixelInt(cy + h));
     m_stretched = false;
 
     Core().PrepareGeometryChange();
@@ -217,9 +218,9 @@ EXTENT CZoSVGMapObject::CalculateGeoExtent() const
         return m_extent;
     const QRectF rect = item->sceneBoundingRect();
     EXTENT extent;
-    map->ConvertPixelToScene(&extent.xmin, &extent.ymax, static_cast<int>(rect.left()), static_cast<int>(rect.top()));
-    map->ConvertPixelToScene(&extent.xmax, &extent.ymin, static_cast<int>(rect.right()),
-                             static_cast<int>(rect.bottom()));
+    map->ConvertPixelToScene(&extent.xmin, &extent.ymax, ZoPixelInt(rect.left()), ZoPixelInt(rect.top()));
+    map->ConvertPixelToScene(&extent.xmax, &extent.ymin, ZoPixelInt(rect.right()),
+                             ZoPixelInt(rect.bottom()));
     return extent;
 }
 
@@ -271,8 +272,16 @@ void CZoSVGMapObject::CombineScale(double sx, double sy)
 {
     if (!std::isfinite(sx) || !std::isfinite(sy))
         return;
+    // Scales accumulate; one that would blow the picture up past any scene
+    // (or to infinity) is refused and the picture keeps its size.
+    const QTransform combined = QTransform::fromScale(sx, sy) * GetItem()->transform();
+    const QRectF scaled = combined.mapRect(GetItem()->boundingRect());
+    constexpr double kLargest = 1e9;
+    if (!(std::abs(scaled.left()) < kLargest && std::abs(scaled.right()) < kLargest &&
+          std::abs(scaled.top()) < kLargest && std::abs(scaled.bottom()) < kLargest))
+        return;
     Core().PrepareGeometryChange();
-    GetItem()->setTransform(QTransform::fromScale(sx, sy), true);
+    GetItem()->setTransform(combined);
     m_stretched = false;
     m_extent = CalculateGeoExtent();
 }

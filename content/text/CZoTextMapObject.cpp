@@ -2,6 +2,7 @@
 
 #include "content/text/ZoTextBlockMetrics.h"
 #include "object/ZoLogText.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/ZoCoreUtility.h>
@@ -132,7 +133,7 @@ void CZoTextMapObject::SetOutlineColor(const QColor& color)
 
 void CZoTextMapObject::SetOutlineWidth(double width)
 {
-    if (!std::isfinite(width))
+    if (!ZoPlausiblePenWidth(width))
         return;
     m_outlineWidth = width;
     ReapplyFormatsAndRepaint();
@@ -140,7 +141,7 @@ void CZoTextMapObject::SetOutlineWidth(double width)
 
 void CZoTextMapObject::SetPadding(double padding)
 {
-    if (!std::isfinite(padding))
+    if (!ZoPlausiblePixels(padding))
         return;
     m_padding = padding;
     ReapplyFrameFormat();
@@ -154,7 +155,7 @@ void CZoTextMapObject::SetBackgroundColor(const QColor& color)
 
 void CZoTextMapObject::SetBorderWidth(double width)
 {
-    if (!std::isfinite(width))
+    if (!ZoPlausiblePenWidth(width))
         return;
     m_borderWidth = width;
     ReapplyFrameFormat();
@@ -225,7 +226,7 @@ CAABB CZoTextMapObject::GetBoundingBox() const
 {
     // The host's scale for its level is a whole number; anything else measures
     // at scale 1.
-    const int factor = GetMapModule() ? static_cast<int>(GetMapModule()->GetViewScale()) : 1;
+    const int factor = GetMapModule() ? ZoPixelInt(GetMapModule()->GetViewScale()) : 1;
     const double scale = factor > 0 ? 1.0 / factor : 1.0;
     return CalculateTextBoundingBox(m_text, m_font, m_position, scale);
 }

@@ -1,5 +1,7 @@
 #include "content/widget/CZoWidgetMapObject.h"
 
+#include "object/ZoPixelValues.h"
+
 #include <cmath>
 
 void CZoWidgetMapObject::SetPosition(const CVector3D& position)
@@ -18,7 +20,7 @@ void CZoWidgetMapObject::SetSize(int width, int height)
 
 void CZoWidgetMapObject::SetAnchor(const CVector3D& anchor)
 {
-    if (!std::isfinite(anchor.x) || !std::isfinite(anchor.y))
+    if (!ZoPlausiblePixels(anchor.x) || !ZoPlausiblePixels(anchor.y))
         return;
     m_anchor = anchor;
     Core().UpdatePosition();

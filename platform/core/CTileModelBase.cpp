@@ -93,8 +93,13 @@ bool CTileModelBase::GeoToWorld(int level, double x, double y, double* px, doubl
     GeoToUnit(x, y, &u, &v);
     if (!AllFinite(u, v))
         return false;
-    *px = u * GetWorldPixelWidth(level);
-    *py = v * GetWorldPixelHeight(level);
+    // Far off the map the pixels themselves overflow.
+    const double worldX = u * GetWorldPixelWidth(level);
+    const double worldY = v * GetWorldPixelHeight(level);
+    if (!AllFinite(worldX, worldY))
+        return false;
+    *px = worldX;
+    *py = worldY;
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "shapes/circle/CZoCircleMapObject.h"
 
 #include "object/ZoAnchoredShape.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 
@@ -76,8 +77,8 @@ void CZoCircleMapObject::GetOutlinePoints(std::vector<CVector3D>& out, int level
     {
         const double a = i * step * kRadiansPerDegree;
         CVector3D point;
-        map->ConvertPixelToScene(&point.x, &point.y, static_cast<int>(centre.x() + r * std::cos(a)),
-                                 static_cast<int>(centre.y() + r * std::sin(a)));
+        map->ConvertPixelToScene(&point.x, &point.y, ZoPixelInt(centre.x() + r * std::cos(a)),
+                                 ZoPixelInt(centre.y() + r * std::sin(a)));
         out.push_back(point);
     }
 }
@@ -113,7 +114,7 @@ bool CZoCircleMapObject::SceneOutline(QRectF* outline) const
     IZoMapModule* map = Core().GetMapModule();
     if (!ZoGeoToScenePixel(map, m_center, &centre) || !ZoGeoToScenePixel(map, m_rimPoint, &rim))
         return false;
-    *outline = SquareOfRadius(std::abs(static_cast<int>(rim.x()) - static_cast<int>(centre.x())));
+    *outline = SquareOfRadius(std::abs(static_cast<double>(ZoPixelInt(rim.x())) - ZoPixelInt(centre.x())));
     return true;
 }
 

@@ -1,5 +1,9 @@
 #include "shapes/dot/CZoDotMapObject.h"
 
+#include "object/ZoPixelValues.h"
+
+#include <cmath>
+
 void CZoDotMapObject::SetPosition(const CVector3D& position)
 {
     m_position = position;
@@ -8,12 +12,16 @@ void CZoDotMapObject::SetPosition(const CVector3D& position)
 
 void CZoDotMapObject::SetRadius(double radius)
 {
+    if (!ZoPlausiblePixels(radius))
+        return;
     m_radius = radius;
     Core().RebuildAndRepaint(false);
 }
 
 void CZoDotMapObject::SetOffset(const CVector3D& offset)
 {
+    if (!ZoPlausiblePixels(offset.x) || !ZoPlausiblePixels(offset.y) || !std::isfinite(offset.z))
+        return;
     m_offset = offset;
     Core().PrepareGeometryChange();
     Core().Update();
@@ -21,6 +29,8 @@ void CZoDotMapObject::SetOffset(const CVector3D& offset)
 
 void CZoDotMapObject::SetRotation(double degrees)
 {
+    if (!std::isfinite(degrees))
+        return;
     m_offset.z = degrees;
     Core().PrepareGeometryChange();
     Core().Update();

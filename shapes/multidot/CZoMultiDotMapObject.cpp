@@ -1,5 +1,7 @@
 #include "shapes/multidot/CZoMultiDotMapObject.h"
 
+#include "object/ZoPixelValues.h"
+
 void CZoMultiDotMapObject::SetPosition(const CVector3D& first)
 {
     if (Points().empty() || !GetItem() || !Accept(first, "SetPosition"))
@@ -10,7 +12,7 @@ void CZoMultiDotMapObject::SetPosition(const CVector3D& first)
 
 void CZoMultiDotMapObject::SetDotSize(double size)
 {
-    if (!std::isfinite(size))
+    if (!ZoPlausiblePixels(size))
         return;
     m_dotSize = size;
     Core().RebuildAndRepaint(false);

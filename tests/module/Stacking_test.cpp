@@ -100,3 +100,21 @@ TEST_F(Stacking, BadArgumentsLogWithTheOperationsOwnName)
                                         "[CZoGraphicsModule::StackedUpper] 传入参数为空",
                                         "[CZoGraphicsModule::StackedLower] 图元Qt-Item为空"}));
 }
+
+// Objects taken out of the scene take the layer's z value but are not
+// ordered: Qt can only order siblings in one scene.
+TEST_F(Stacking, ObjectsOutOfTheSceneOnlyTakeTheLayersZ)
+{
+    dots[1]->RemoveFromScene();
+    for (auto stack : {&IZoGraphicsModule::StackedTop, &IZoGraphicsModule::StackedUpper,
+                       &IZoGraphicsModule::StackedLower, &IZoGraphicsModule::StackedBottom})
+    {
+        (module.*stack)(dots[0], {Id(1), Id(2)});
+        (module.*stack)(dots[1], {Id(0), Id(3)});
+    }
+    EXPECT_EQ(Item(1)->zValue(), 400);
+    dots[1]->AddToScene();
+    module.StackedTop(dots[1], {Id(0), Id(2), Id(3)});
+    for (int other : {0, 2, 3})
+        EXPECT_TRUE(Above(1, other)) << other;
+}
