@@ -2,6 +2,8 @@
 
 #include <ZoGraphics/ZoGraphics.h>
 
+#include <QImage>
+#include <QPainter>
 #include <atomic>
 #include <gtest/gtest.h>
 #include <thread>
@@ -52,4 +54,57 @@ TEST(RegistryThreads, LookupsRaceCreationAndDestruction)
         reader.join();
     module.Unintialise();
     EXPECT_EQ(module.GetRegisteredObjectCount(), 0);
+}
+
+// A layer's object map is read from other threads (how many objects, whether
+// one is on it) while the GUI thread attaches, detaches, paints and destroys.
+// Readers compare pointers only: what an object is belongs to the GUI thread.
+TEST(RegistryThreads, LayerMapsReadWhileTheGuiThreadChangesAndPaints)
+{
+    FakeMapModule map;
+    CZoGraphicsModule module;
+    module.Initialise("threads", &map);
+    IZoGraphicsMapLayer* layer = module.CreateGraphicsLayer("busy");
+    IZoGraphicsMapLayer* other = module.CreateGraphicsLayer("other");
+    IZoDotMapObject* resident = module.CreateDotMapObject("resident", layer);
+
+    std::atomic<bool> done{false};
+    std::atomic<long> reads{0};
+    std::vector<std::thread> readers;
+    for (int t = 0; t < 2; ++t)
+        readers.emplace_back([&] {
+            while (!done.load())
+            {
+                reads += layer->GetMapObjectCount() >= 1;
+                reads += layer->ContainsMapObject(resident);
+                reads += other->GetMapObjectCount();
+                reads += module.LookupGraphicsLayer("busy") == layer;
+            }
+        });
+    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+    for (int round = 0; round < 20; ++round)
+    {
+        std::vector<IZoGraphicsMapObject*> made;
+        for (int i = 0; i < 30; ++i)
+            made.push_back(module.CreateDotMapObject("d" + std::to_string(i), layer));
+        for (std::size_t i = 0; i < made.size(); i += 2)
+        {
+            layer->DetachMapObject(made[i]);
+            other->AttachMapObject(made[i]);
+        }
+        image.fill(Qt::white);
+        {
+            QPainter painter(&image);
+            map.Scene()->render(&painter);
+        }
+        other->DestroyAllMapObjects();
+        for (std::size_t i = 1; i < made.size(); i += 2)
+            module.DestroyGraphicsMapObject(made[i]);
+    }
+    done = true;
+    for (std::thread& reader : readers)
+        reader.join();
+    EXPECT_GT(reads.load(), 0);
+    EXPECT_EQ(layer->GetMapObjectCount(), 1);
+    module.Unintialise();
 }
