@@ -47,7 +47,7 @@ struct SLayer
 class CRegistryRun
 {
 public:
-    CRegistryRun() { Start(); }
+    explicit CRegistryRun(CZoMapModule& map) : m_map(map) { Start(); }
     ~CRegistryRun()
     {
         if (m_module)
@@ -340,7 +340,7 @@ private:
                       "default layer");
     }
 
-    CZoMapModule m_map;
+    CZoMapModule& m_map;
     std::unique_ptr<CZoGraphicsModule> m_module;
     std::vector<SObject> m_objects;
     std::vector<SLayer> m_layers;
@@ -352,7 +352,11 @@ int ZoFuzzRegistry(const std::uint8_t* data, std::size_t size)
     ZoFuzzEnsureApplication();
     CZoQuietLog quiet;
     CZoFuzzInput in(data, size);
-    CRegistryRun run;
+    // One map for every run: it is the host's, and making its scene anew
+    // for each input would cost more than the run.
+    static CZoMapModule* const map = new CZoMapModule;
+    map->SetZoomAround(3.0, 0.0, 0.0);
+    CRegistryRun run(*map);
     for (int step = 0; step < 400 && !in.Empty(); ++step)
         run.Step(in);
     return 0;

@@ -18,6 +18,8 @@ run_dir="build/fuzz/run"
 zo_as_user rm -rf "$run_dir"
 zo_as_user mkdir -p "$run_dir" build/fuzz/artifacts
 failed=0
+# Every registry step checks every lookup, so its inputs are kept short.
+declare -A max_len=([registry]=256 [pointlist]=1024 [setters]=1024 [files]=4096)
 for fuzzer in registry pointlist setters files; do
     zo_as_user cp -r "fuzz/corpus/$fuzzer" "$run_dir/$fuzzer"
     echo "== fuzz_$fuzzer for ${seconds} s"
@@ -25,7 +27,7 @@ for fuzzer in registry pointlist setters files; do
         ASAN_OPTIONS="detect_leaks=1:halt_on_error=1" \
         LSAN_OPTIONS="suppressions=$REPO_ROOT/tests/sanitizers/lsan.supp:print_suppressions=0" \
         UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1" \
-        "build/fuzz/fuzz/fuzz_$fuzzer" -max_total_time="$seconds" -timeout=30 -rss_limit_mb=4096 \
+        "build/fuzz/fuzz/fuzz_$fuzzer" -max_total_time="$seconds" -max_len="${max_len[$fuzzer]}" -timeout=30 -rss_limit_mb=4096 \
         -print_final_stats=1 -artifact_prefix="build/fuzz/artifacts/$fuzzer-" "$run_dir/$fuzzer" \
         2>"$run_dir/$fuzzer.log"; then
         tail -n 60 "$run_dir/$fuzzer.log"

@@ -15,6 +15,11 @@ struct SFuzzTarget
     int (*run)(const std::uint8_t*, std::size_t);
 };
 
+void PrintTo(const SFuzzTarget& target, std::ostream* out)
+{
+    *out << target.name;
+}
+
 void ThrowOnMismatch(const std::string& what)
 {
     throw std::runtime_error(what);
