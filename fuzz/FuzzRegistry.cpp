@@ -352,11 +352,9 @@ int ZoFuzzRegistry(const std::uint8_t* data, std::size_t size)
     ZoFuzzEnsureApplication();
     CZoQuietLog quiet;
     CZoFuzzInput in(data, size);
-    // One map for every run: it is the host's, and making its scene anew
-    // for each input would cost more than the run.
-    static CZoMapModule* const map = new CZoMapModule;
-    map->SetZoomAround(3.0, 0.0, 0.0);
-    CRegistryRun run(*map);
+    CZoMapModule map;
+    map.SetZoomAround(3.0, 0.0, 0.0);
+    CRegistryRun run(map);
     for (int step = 0; step < 400 && !in.Empty(); ++step)
         run.Step(in);
     return 0;
