@@ -8,7 +8,10 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPen>
 #include <QStyleOptionGraphicsItem>
+#include <algorithm>
+#include <cmath>
 
 // How the item of an anchored shape differs from its siblings, as data.
 struct SZoOutlineItemTraits
@@ -136,12 +139,43 @@ private:
     bool m_hasOutline = false;
 };
 
-// Pen and brush of a surface style, set on a painter; the pen width is scaled.
+// Qt's dash stroker walks every dash of an outline, visible or not; a
+// dashed outline blown up far past the screen would take minutes. Past this
+// many dashes the pattern is stretched so that the count stays there.
+constexpr double kZoMostDashes = 20000.0;
+
+inline void ZoKeepDashesCountable(QPen* pen, const QPainter* painter, const QRectF& drawn)
+{
+    if (pen->style() == Qt::SolidLine || pen->style() == Qt::NoPen)
+        return;
+    const QTransform device = painter->deviceTransform();
+    const QRectF onDevice = device.mapRect(drawn);
+    const double perimeter = 2.0 * (onDevice.width() + onDevice.height());
+    const double scale = std::sqrt(std::abs(device.determinant()));
+    const double width = std::max(1.0, pen->isCosmetic() ? pen->widthF() : pen->widthF() * scale);
+    QVector<qreal> pattern = pen->dashPattern();
+    double period = 0.0;
+    for (qreal length : pattern)
+        period += length;
+    if (!(perimeter < 1e300) || !(period > 0.0))
+        return pen->setStyle(Qt::SolidLine);
+    const double dashes = perimeter / (period * width);
+    if (dashes <= kZoMostDashes)
+        return;
+    for (qreal& length : pattern)
+        length *= dashes / kZoMostDashes;
+    pen->setDashPattern(pattern);
+}
+
+// Pen and brush of a surface style, set on a painter; the pen width is
+// scaled. drawn is the outline about to be drawn, in the painter's current
+// coordinates.
 template <class Owner>
-void ZoApplySurfaceStyle(QPainter* painter, const Owner& owner, double penScale)
+void ZoApplySurfaceStyle(QPainter* painter, const Owner& owner, double penScale, const QRectF& drawn)
 {
     QPen pen;
     owner.Style().ApplyToPen(pen, penScale);
+    ZoKeepDashesCountable(&pen, painter, drawn);
     QBrush brush;
     owner.Style().ApplyToBrush(brush);
     painter->setPen(pen);

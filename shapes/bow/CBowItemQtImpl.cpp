@@ -53,8 +53,8 @@ QPainterPath CBowItemQtImpl::BuildShape(const QRectF& outline, const QRectF& rec
 void CBowItemQtImpl::PaintShape(QPainter* painter, const QRectF& outline, double s) const
 {
     painter->scale(s, s);
-    ZoApplySurfaceStyle(painter, *m_owner, 1.0);
     const QRectF rect = QTransform::fromScale(1.0 / s, 1.0 / s).mapRect(outline);
+    ZoApplySurfaceStyle(painter, *m_owner, 1.0, rect);
     const int start = static_cast<int>(m_owner->GetStartAngle() * 16);
     const int span = static_cast<int>(m_owner->GetSpanAngle() * 16);
     switch (m_owner->GetKind())

@@ -20,6 +20,7 @@ void CCircleItemQtImpl::PaintShape(QPainter* painter, const QRectF& outline, dou
     // Painted in device pixels, so that the pen keeps its width at every zoom;
     // the circle itself is mapped back to scene units.
     painter->scale(s, s);
-    ZoApplySurfaceStyle(painter, *m_owner, 1.0);
-    painter->drawEllipse(QTransform::fromScale(1.0 / s, 1.0 / s).mapRect(outline));
+    const QRectF circle = QTransform::fromScale(1.0 / s, 1.0 / s).mapRect(outline);
+    ZoApplySurfaceStyle(painter, *m_owner, 1.0, circle);
+    painter->drawEllipse(circle);
 }

@@ -20,6 +20,8 @@ QPainterPath CEllipseItemQtImpl::BuildShape(const QRectF&, const QRectF& shapeRe
 void CEllipseItemQtImpl::PaintShape(QPainter* painter, const QRectF& outline, double s) const
 {
     // Scene units throughout: the pen is scaled instead of the painter.
-    ZoApplySurfaceStyle(painter, *m_owner, s);
-    painter->drawEllipse(QPointF(0.0, 0.0), std::trunc(outline.width()) * 0.5, std::trunc(outline.height()) * 0.5);
+    const double rx = std::trunc(outline.width()) * 0.5;
+    const double ry = std::trunc(outline.height()) * 0.5;
+    ZoApplySurfaceStyle(painter, *m_owner, s, QRectF(-rx, -ry, 2 * rx, 2 * ry));
+    painter->drawEllipse(QPointF(0.0, 0.0), rx, ry);
 }

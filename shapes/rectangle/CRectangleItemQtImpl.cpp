@@ -28,7 +28,7 @@ void CRectangleItemQtImpl::PaintShape(QPainter* painter, const QRectF& outline, 
         return;
     }
     painter->scale(s, s);
-    ZoApplySurfaceStyle(painter, *m_owner, 1.0);
     const QRectF rect = QTransform::fromScale(1.0 / s, 1.0 / s).mapRect(outline);
+    ZoApplySurfaceStyle(painter, *m_owner, 1.0, rect);
     painter->drawRects(&rect, 1);
 }
