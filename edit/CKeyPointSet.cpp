@@ -73,6 +73,8 @@ void CKeyPointSet::OnDetached()
 {
     m_start = CVector3D();
     m_active = STarget();
+    // Hidden with the user gone, so that the next user's points show again.
+    m_shown = false;
     ForEachHandle([](const DotHandle& handle) { handle->SetVisible(false); });
 }
 

@@ -277,8 +277,11 @@ void CZoSVGMapObject::CombineScale(double sx, double sy)
     const QTransform combined = QTransform::fromScale(sx, sy) * GetItem()->transform();
     const QRectF scaled = combined.mapRect(GetItem()->boundingRect());
     constexpr double kLargest = 1e9;
+    // A scale of (nearly) zero would flatten the picture for good: no later
+    // scale could bring it back.
     if (!(std::abs(scaled.left()) < kLargest && std::abs(scaled.right()) < kLargest &&
-          std::abs(scaled.top()) < kLargest && std::abs(scaled.bottom()) < kLargest))
+          std::abs(scaled.top()) < kLargest && std::abs(scaled.bottom()) < kLargest) ||
+        !combined.isInvertible())
         return;
     Core().PrepareGeometryChange();
     GetItem()->setTransform(combined);

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -34,6 +35,11 @@ public:
     }
     void ConvertPixelToScene(double* x, double* y, int px, int py) override
     {
+        if (nanConversions)
+        {
+            *x = *y = std::numeric_limits<double>::quiet_NaN();
+            return;
+        }
         *x = px / pixelsPerDegree;
         *y = -py / pixelsPerDegree;
     }
@@ -68,6 +74,7 @@ public:
     double pixelsPerDegree = 10.0;
     int tileModelKind = 1;
     bool failConversions = false;
+    bool nanConversions = false; // pixel-to-scene answers NaN, as a broken host projection might
     bool withScene = true;
     std::vector<IZoMapEventHandler*> handlers;
 
