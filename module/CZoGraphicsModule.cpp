@@ -139,27 +139,21 @@ void CZoGraphicsModule::Unintialise()
             delete entry.second;
             entry.second = nullptr;
         }
+        // In the same locked stretch as the deletes: a lookup from another
+        // thread must never find a name whose layer is already gone.
+        m_names->layers.Clear();
     }
     m_defaultLayer = nullptr;
+    CZoLockGuard guard(*m_objectLock);
+    for (auto& entry : m_objects)
     {
-        CZoLockGuard guard(*m_objectLock);
-        for (auto& entry : m_objects)
-        {
-            if (!entry.second)
-                continue;
-            entry.second->Unintialise();
-            delete entry.second;
-            entry.second = nullptr;
-        }
+        if (!entry.second)
+            continue;
+        entry.second->Unintialise();
+        delete entry.second;
+        entry.second = nullptr;
     }
-    if (m_defaultLayer)
-        DestroyGraphicsLayer(m_defaultLayer);
-    {
-        CZoLockGuard guard(*m_objectLock);
-        m_names->objects.Clear();
-    }
-    CZoLockGuard guard(*m_layerLock);
-    m_names->layers.Clear();
+    m_names->objects.Clear();
 }
 
 void CZoGraphicsModule::SetUUID(const std::string& uuid)

@@ -7,7 +7,6 @@
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
-#include <functional>
 #include <malloc.h>
 
 // Making, showing, painting and destroying every kind and every edit gadget
@@ -16,16 +15,6 @@
 // cannot see (checked here through the allocator's own count).
 namespace
 {
-using Maker = std::function<IZoGraphicsMapObject*(IZoGraphicsModule&, const std::string&, IZoGraphicsMapLayer*)>;
-
-template <class... Kinds>
-std::vector<Maker> MakersOf(::testing::Types<Kinds...>)
-{
-    return {[](IZoGraphicsModule& m, const std::string& name, IZoGraphicsMapLayer* layer) -> IZoGraphicsMapObject* {
-        return Kinds::Create(m, name, layer);
-    }...};
-}
-
 using GadgetMaker = IZoGraphicsEditObject* (IZoGraphicsModule::*)(IZoGraphicsMapLayer*);
 const GadgetMaker kGadgets[] = {&IZoGraphicsModule::CreateTranslateEditObject, &IZoGraphicsModule::CreateScaleEditObject,
                                 &IZoGraphicsModule::CreateRotationEditObject,
@@ -135,7 +124,7 @@ private:
 
 TEST_F(LeakCycle, EveryKindAndGadgetMadeShownPaintedAndDestroyedOverAndOver)
 {
-    const std::vector<Maker> makers = MakersOf(MapObjectKindList());
+    const std::vector<MapObjectMaker> makers = EveryKindMaker();
     QLabel widget("embedded");
     RecordingEditableUser user;
     const int total = 100000;
@@ -184,7 +173,7 @@ TEST_F(LeakCycle, UnintialiseAndTheDestructorFreeWhatIsStillAlive)
 {
     QLabel widget("embedded");
     RecordingEditableUser user;
-    const std::vector<Maker> makers = MakersOf(MapObjectKindList());
+    const std::vector<MapObjectMaker> makers = EveryKindMaker();
     for (int pass = 0; pass < 3; ++pass)
     {
         auto other = std::make_unique<CZoGraphicsModule>();
@@ -219,8 +208,24 @@ TEST_F(LeakCycle, UnintialiseAndTheDestructorFreeWhatIsStillAlive)
         }
         else
         {
+            // Torn down and started again: the second life is a whole one.
             for (IZoGraphicsEditObject* gadget : gadgets)
                 other->DestroyGraphicsEditObject(gadget);
+            other->Unintialise();
+            ASSERT_TRUE(other->Initialise("again", &map));
+            ASSERT_NE(other->GetDeafultGraphicsLayer(), nullptr);
+            IZoGraphicsMapLayer* again = other->CreateGraphicsLayer("one");
+            EXPECT_EQ(other->LookupGraphicsLayer("one"), again);
+            for (std::size_t k = 0; k < makers.size(); ++k)
+                Furnish(makers[k](*other, "again " + std::to_string(k), again), static_cast<int>(k), &widget);
+            EXPECT_EQ(again->GetMapObjectCount(), static_cast<int>(makers.size()));
+            EXPECT_NE(other->LookupGraphicObject("again 0"), nullptr);
+            EXPECT_EQ(other->LookupGraphicObject("left 0"), nullptr);
+            IZoGraphicsEditObject* gadget = other->CreateScaleEditObject(again);
+            gadget->AttachEditableUser(&user);
+            gadget->UpdateEditor(0);
+            Paint();
+            other->DestroyGraphicsEditObject(gadget);
             other->Unintialise();
         }
         other.reset();

@@ -19,9 +19,12 @@
 
 #include <ZoGraphics/ZoGraphics.h>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
 #include <type_traits>
+#include <vector>
 
 // One entry per object kind, for the tests that every kind must pass alike.
 // A kind names its class as its log texts do, creates itself through the
@@ -179,3 +182,20 @@ using LayerCanvasKind =
     ContentKind<IZoLayerCanvasMapObject, CZoLayerCanvasMapObject, &IZoGraphicsModule::CreateLayerCanvasMapObject>;
 
 using MapObjectKindList = ::testing::Types<DotKind, TextKind, CircleKind, PieKind, ArcKind, ChordKind, EllipseKind, RectangleKind, BubbleKind, MarkPointKind, LayerCanvasKind, SVGKind, PolylineKind, PolygonKind, MultiDotKind, MultiLineKind, MultiPolygonKind, WidgetKind>;
+
+// Every kind's creator as a value, for loops over all kinds at run time.
+using MapObjectMaker =
+    std::function<IZoGraphicsMapObject*(IZoGraphicsModule&, const std::string&, IZoGraphicsMapLayer*)>;
+
+template <class... Kinds>
+std::vector<MapObjectMaker> MakersOf(::testing::Types<Kinds...>)
+{
+    return {[](IZoGraphicsModule& m, const std::string& name, IZoGraphicsMapLayer* layer) -> IZoGraphicsMapObject* {
+        return Kinds::Create(m, name, layer);
+    }...};
+}
+
+inline std::vector<MapObjectMaker> EveryKindMaker()
+{
+    return MakersOf(MapObjectKindList());
+}

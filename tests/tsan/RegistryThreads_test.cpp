@@ -1,10 +1,13 @@
+#include "layer/CZoGraphicsMapLayer.h"
 #include "support/FakeMapModule.h"
+#include "support/MapObjectKinds.h"
 
 #include <ZoGraphics/ZoGraphics.h>
 
 #include <QImage>
 #include <QPainter>
 #include <atomic>
+#include <functional>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -79,6 +82,10 @@ TEST(RegistryThreads, LayerMapsReadWhileTheGuiThreadChangesAndPaints)
                 reads += layer->ContainsMapObject(resident);
                 reads += other->GetMapObjectCount();
                 reads += module.LookupGraphicsLayer("busy") == layer;
+                // The walk the layer caches for its paints is rebuilt under
+                // its lock, whoever asks first.
+                if (auto* found = dynamic_cast<CZoGraphicsMapLayer*>(module.LookupGraphicsLayer("other")))
+                    reads += static_cast<long>(found->GetMapObjects().size());
             }
         });
     QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
@@ -107,4 +114,75 @@ TEST(RegistryThreads, LayerMapsReadWhileTheGuiThreadChangesAndPaints)
     EXPECT_GT(reads.load(), 0);
     EXPECT_EQ(layer->GetMapObjectCount(), 1);
     module.Unintialise();
+}
+
+// Every typed lookup, and lookups by id, from workers while the GUI thread
+// makes every kind, renames, paints and destroys, and at last tears the
+// module down under them: the name index must never hand out a name whose
+// object or layer is already deleted.
+TEST(RegistryThreads, TypedLookupsRaceEveryKindAndTheTeardown)
+{
+    FakeMapModule map;
+    CZoGraphicsModule module;
+    module.Initialise("threads", &map);
+    const std::vector<std::function<bool(const std::string&)>> lookups{
+        [&](const std::string& n) { return module.LookupTextMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupWidgetMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupBubbleMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupSVGMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupDotMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupCircleMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupEllipseMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupRectangleMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupPolygonMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupLabelMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupPolylineMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupBowMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupMultiDotMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupMultiPolygonMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupMultiLineMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupLayerCanvasMapObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupGraphicObject(n) != nullptr; },
+        [&](const std::string& n) { return module.LookupGraphicsLayer(n) != nullptr; }};
+
+    std::atomic<bool> done{false};
+    std::atomic<long> found{0};
+    std::vector<std::thread> readers;
+    for (int t = 0; t < 2; ++t)
+        readers.emplace_back([&, t] {
+            for (long i = t; !done.load(); ++i)
+            {
+                const std::string name = "k" + std::to_string(i % 5);
+                found += lookups[static_cast<std::size_t>(i) % lookups.size()](name);
+                found += module.LookupGraphicObject(static_cast<int>(i % 400)) != nullptr;
+            }
+        });
+
+    const std::vector<MapObjectMaker> makers = EveryKindMaker();
+    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+    for (int round = 0; round < 12; ++round)
+    {
+        IZoGraphicsMapLayer* layer = module.CreateGraphicsLayer("k" + std::to_string(round % 5));
+        std::vector<IZoGraphicsMapObject*> made;
+        for (std::size_t k = 0; k < makers.size(); ++k)
+            made.push_back(makers[k](module, "k" + std::to_string(k % 5), k % 2 ? layer : nullptr));
+        for (std::size_t k = 0; k < made.size(); k += 2)
+            made[k]->SetName("k" + std::to_string((k + 1) % 5));
+        image.fill(Qt::white);
+        {
+            QPainter painter(&image);
+            map.Scene()->render(&painter);
+        }
+        for (std::size_t k = 0; k < made.size(); k += 3)
+            module.DestroyGraphicsMapObject(made[k]);
+        // The rest stays for the teardown, some on layers and some without.
+        if (round % 2)
+            module.DestroyGraphicsLayer(layer);
+    }
+    module.Unintialise();
+    done = true;
+    for (std::thread& reader : readers)
+        reader.join();
+    EXPECT_GT(found.load(), 0);
+    EXPECT_EQ(module.LookupGraphicObject("k1"), nullptr);
 }
