@@ -14,7 +14,7 @@ class CZoMultiPolygonMapObject final
 {
 public:
     static constexpr SZoObjectLogNames kLogNames{"CZoMultiPolygonMapObject"};
-    static constexpr SZoSurfaceRefresh kSurfaceRefresh{false, false};
+    static constexpr SZoSurfaceRefresh kSurfaceRefresh{false, true};
     static constexpr bool kEditsRefreshItem = true;
     // Hosts match on these texts, which name the polygon (all but
     // SetPolygonData) and report a bad point of ModifyData as a bad polygon.

@@ -19,6 +19,8 @@ public:
 
     CZoPolygonMapObject() = default;
 
+    bool IsRotatable() const override { return true; }
+
     // Kept for the host; drawing does not use it.
     void SetExtraPoint(const CVector3D& point) override { m_extraPoint = point; }
     CVector3D GetExtraPoint() const { return m_extraPoint; }

@@ -117,6 +117,7 @@ struct PointListKind
     static constexpr const char* kInitialiseClass = Object::kLogNames.className;
     static constexpr const char* kSetMaxLodMethod = "SetMaxLodLevel";
     static constexpr const char* kAnchorMethod = "ConvertSceneToPixel";
+    static constexpr bool kRotatable = std::is_same_v<Object, CZoPolygonMapObject>;
 
     static Interface* Create(IZoGraphicsModule& module, const std::string& name, IZoGraphicsMapLayer* layer)
     {
