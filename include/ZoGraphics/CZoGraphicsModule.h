@@ -10,39 +10,69 @@ class IZoMapModule;
 class CZoLock;
 class CZoModuleNames;
 
-// The library's entry point: creates, finds and destroys graphics layers, map
-// objects and edit gadgets against a host map module. It owns every layer and
-// map object it creates; edit gadgets belong to the caller until they are
-// given back through DestroyGraphicsEditObject.
+/// The library's entry point: creates, finds and destroys graphics layers, map
+/// objects and edit gadgets against a host map module.
+///
+/// It owns every layer and map object it creates; edit gadgets belong to the
+/// caller until they are given back through DestroyGraphicsEditObject. The
+/// operations are described on IZoGraphicsModule.
+///
+/// A host constructs it, calls Initialise() with its IZoMapModule, uses it,
+/// then gives back its edit gadgets (their handles are objects of this module),
+/// calls Unintialise() and deletes it.
 class ZOGRAPHICS_EXPORT CZoGraphicsModule : public IZoGraphicsModule
 {
 public:
+    /// Creates a module that is not yet initialised: id -1, empty name and
+    /// uuid, no map module, no layers.
     CZoGraphicsModule();
-    // A copy shares the original's name, uuid and map module but owns nothing:
-    // its registries start empty and it has no default layer.
+    /// A copy shares the original's id, name, uuid and map module but owns
+    /// nothing: its registries start empty and it has no default layer.
     CZoGraphicsModule(const CZoGraphicsModule& other);
+    /// Takes over `other`'s id, name, uuid and map module; keeps its own
+    /// layers, objects and default layer.
     CZoGraphicsModule& operator=(const CZoGraphicsModule& other);
-    // Frees the locks and the registries' nodes; call Unintialise first to
-    // destroy the layers and objects. Objects and layers still alive stop
-    // reporting renames to it.
+    /// Frees the locks and the registries' nodes; call Unintialise first to
+    /// destroy the layers and objects. Objects and layers still alive stop
+    /// reporting renames to it.
     ~CZoGraphicsModule() override;
 
-    // Draws the module id and creates the default layer. Returns true even
-    // when the default layer cannot be made (null map module); creators that
-    // rely on it then fail.
+    /// Draws the module id and creates the default layer. Returns true even
+    /// when the default layer cannot be made (null map module); creators that
+    /// rely on it then fail.
+    ///
+    /// Stores `name`, a fresh uuid and `mapModule` (not owned), then creates
+    /// the layer STR_DEAFULT_GRAPHICS_LAYER_NAME. A null `mapModule` logs
+    /// "[CZoGraphicsMapLayer::Initialise] MapModule传入为空" and
+    /// "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败". Call it once: a
+    /// second call makes another default layer and keeps the first one
+    /// registered.
     bool Initialise(const std::string& name, IZoMapModule* mapModule);
-    // Destroys every layer and object. Afterwards the module is only to be
-    // destroyed: its registries keep stale keys.
+    /// Destroys every layer and object. Afterwards the module is only to be
+    /// destroyed: its registries keep stale keys.
+    ///
+    /// Each layer's objects are destroyed through the layer, then the layer
+    /// is deleted; objects left over are uninitialised and deleted. Lookups
+    /// then find nothing and the default layer is null. Give back edit
+    /// gadgets first: their handles are among the objects destroyed.
     void Unintialise();
+    /// Replaces the uuid string; Initialise draws a new one over it.
     void SetUUID(const std::string& uuid);
 
+    /// The module id drawn by Initialise(); -1 before.
     int GetModuleID() const { return m_moduleId; }
+    /// The name given to Initialise(); empty before.
     const std::string& GetName() const { return m_name; }
+    /// The uuid drawn by Initialise() or set by SetUUID(); empty before both.
     const std::string& GetUUID() const { return m_uuid; }
+    /// The host map module given to Initialise() (not owned); null before.
     IZoMapModule* GetMapModule() const { return m_mapModule; }
-    // Registry sizes. Unintialise leaves the keys of what it destroyed behind
-    // (with null entries), so these count them too.
+    /// The layer registry's size, the default layer included. Unintialise
+    /// leaves the keys of what it destroyed behind (with null entries), so
+    /// this counts them too.
     int GetRegisteredLayerCount() const;
+    /// The object registry's size, edit gadgets' handles included; like
+    /// GetRegisteredLayerCount(), it counts the keys Unintialise leaves behind.
     int GetRegisteredObjectCount() const;
 
     IZoGraphicsMapLayer* GetDeafultGraphicsLayer() const override;
@@ -100,8 +130,9 @@ public:
     void StackedBottom(IZoGraphicsMapObject* object, const std::vector<int>& ids) override;
 
 protected:
-    // Detaches, uninitialises and deletes an object without touching the
-    // registry or its lock.
+    /// Detaches, uninitialises and deletes an object without touching the
+    /// registry or its lock: the registry still lists the object afterwards,
+    /// so only a subclass that has already taken it out may call this.
     void DestroyGraphicsMapObjectImpl(IZoGraphicsMapObject* object);
 
 private:

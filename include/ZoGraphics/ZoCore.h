@@ -1,7 +1,8 @@
 #pragma once
 
-// The core library: value types, ids, text conversion, numeric helpers,
-// variant sets and tile models.
+/// @file
+/// The core library: value types, ids, text conversion, numeric helpers,
+/// variant sets and tile models. Include this to get all of them.
 #include <ZoGraphics/ZoCoreTypes.h>
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/CZoVariantSetObject.h>

@@ -1,6 +1,9 @@
 #pragma once
 
-// Everything a host needs from the graphics library in one include.
+/// @file
+/// Everything a host needs from the graphics library in one include: the
+/// platform pieces, the host interfaces, the module, layers, every object
+/// kind, GeoJSON and the edit interfaces.
 
 #include <ZoGraphics/ZoGraphicsExport.h>
 
