@@ -1,5 +1,7 @@
 #include "AnchoredShapesDemo.h"
 
+#include "DemoSupport.h"
+
 #include <ZoGraphics/ZoGraphics.h>
 
 #include <QHBoxLayout>
@@ -14,10 +16,10 @@ namespace
 constexpr double kBeijingLon = 116.40;
 constexpr double kBeijingLat = 39.90;
 
-std::string ToGB18030(const QString& text)
-{
-    return ConvertQStringToStdString(text, ZoGraphicsConstantNS::STR_CODE_PAGE);
-}
+// Capitals show from this level on, their names from the next; further out
+// they would only clutter the world view.
+constexpr int kCapitalsMinLevel = 2;
+constexpr int kCapitalNamesMinLevel = 3;
 
 // The longitude east of (lon, lat) that lies metres away on the map module's
 // ellipsoid; the circle keeps its rim due east.
@@ -33,30 +35,13 @@ double LongitudeAtDistance(IZoMapModule& map, double lon, double lat, double met
     return lon + (low + high) / 2;
 }
 
-void StyleSurface(IZoSurfaceStyleGraphicsMapObject* shape, const QColor& pen, const QColor& brush, float width)
-{
-    shape->SetPenColor(pen);
-    shape->SetPenWidth(width);
-    shape->SetBrushColor(brush);
-}
-
-void ShowName(IZoGraphicsMapObject* object, unsigned int position, IZoSurfaceStyleGraphicsMapObject* style)
-{
-    object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9, QFont::Bold));
-    object->SetNameColor(QColor(30, 30, 30));
-    object->SetNameOutlineColor(Qt::white);
-    object->SetNameOffset(3.0f);
-    object->SetNameVisible(true);
-    style->SetLabelPosition(position);
-}
-
 // A shape over extent with a 2-pixel outline and its name at labelPosition.
 template <class Shape>
 void Outline(Shape* shape, const EXTENT& extent, const QColor& pen, const QColor& brush, unsigned int labelPosition)
 {
     shape->SetExtent(extent);
     StyleSurface(shape, pen, brush, 2.0f);
-    ShowName(shape, labelPosition, shape);
+    ShowName(shape, labelPosition);
 }
 
 QPixmap DemoPicture()
@@ -74,6 +59,8 @@ QPixmap DemoPicture()
     return picture;
 }
 
+} // namespace
+
 void AddRangeRings(CZoGraphicsModule& graphics, IZoMapModule& map, IZoGraphicsMapLayer* layer)
 {
     for (int km : {2000, 1000, 500})
@@ -86,10 +73,12 @@ void AddRangeRings(CZoGraphicsModule& graphics, IZoMapModule& map, IZoGraphicsMa
         ring->SetRadiusPoint(CVector3D(rimLon, kBeijingLat, 0.0));
         StyleSurface(ring, QColor(190, 30, 30), QColor(220, 40, 40, 18), 1.5f);
         ring->SetPenStyle(Qt::DashLine);
-        ShowName(ring, 0, ring);
+        ShowName(ring, 0);
     }
 }
 
+namespace
+{
 // Three slices of one pie chart: 45 %, 30 % and 25 %.
 void AddPieChart(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
 {
@@ -113,15 +102,18 @@ void AddPieChart(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
     }
 }
 
+} // namespace
+
 void AddBows(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
 {
+    AddPieChart(graphics, layer);
     if (IZoBowMapObject* arc = graphics.CreateArcMapObject("Arc", layer))
     {
         arc->SetExtent(EXTENT{70.0, 6.0, 92.0, 28.0});
         arc->SetStartAngle(20.0);
         arc->SetSpanAngle(140.0);
         StyleSurface(arc, QColor(120, 40, 160), QColor(0, 0, 0, 0), 3.0f);
-        ShowName(arc, 4, arc);
+        ShowName(arc, 4);
     }
     if (IZoBowMapObject* chord = graphics.CreateChordMapObject("Chord", layer))
     {
@@ -131,12 +123,16 @@ void AddBows(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
     }
 }
 
-void AddEllipseAndRectangles(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
+void AddEllipse(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
 {
     if (IZoEllipseMapObject* ellipse = graphics.CreateEllipseMapObject("Caspian", layer))
     {
         Outline(ellipse, EXTENT{46.0, 36.0, 55.0, 47.5}, QColor(30, 80, 170), QColor(80, 140, 230, 90), 2);
     }
+}
+
+void AddRectangles(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
+{
     if (IZoRectangleMapObject* korea = graphics.CreateRectangleMapObject("Korea", layer))
     {
         korea->SetLabelAlignment(0); // the right side's top end
@@ -147,7 +143,7 @@ void AddEllipseAndRectangles(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* l
     {
         framed->SetExtent(EXTENT{96.0, 10.0, 108.0, 21.0});
         framed->SetBrushTexture(Qt::TexturePattern, picture);
-        ShowName(framed, 1, framed);
+        ShowName(framed, 1);
     }
     // Tiles lie in level-21 pixels: this one shows in the Forbidden City at
     // the deepest zoom.
@@ -179,7 +175,6 @@ void AddBubble(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer, QWidget*
     bubble->SetInteractive(true);
     bubble->SetZValue(1000); // above the capitals
 }
-} // namespace
 
 void AddAnchoredShapesDemo(CZoGraphicsModule& graphics, IZoMapModule& map, QWidget* widgetOwner)
 {
@@ -187,8 +182,46 @@ void AddAnchoredShapesDemo(CZoGraphicsModule& graphics, IZoMapModule& map, QWidg
     if (!layer)
         return;
     AddRangeRings(graphics, map, layer);
-    AddPieChart(graphics, layer);
     AddBows(graphics, layer);
-    AddEllipseAndRectangles(graphics, layer);
+    AddEllipse(graphics, layer);
+    AddRectangles(graphics, layer);
     AddBubble(graphics, layer, widgetOwner);
+}
+
+int AddCapitalDots(IZoGraphicsModule& graphics, const QString& dataDir)
+{
+    const std::vector<SCapital> capitals = ReadCapitals(dataDir);
+    if (capitals.empty())
+        return 0;
+    IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("Capitals");
+    if (!layer)
+        return 0;
+    layer->SetMinLodLevel(kCapitalsMinLevel);
+    layer->SetNameMinLodLevel(kCapitalNamesMinLevel);
+    // Neighbouring capitals (Vienna and Bratislava, say) would print their
+    // names over each other: only the first of them is drawn.
+    if (auto* declutter = dynamic_cast<IZoLabelDeclutter*>(layer))
+        declutter->SetLabelDeclutter(true);
+
+    int count = 0;
+    for (const SCapital& capital : capitals)
+    {
+        IZoDotMapObject* dot = graphics.CreateDotMapObject(ToGB18030(capital.nameZh), layer);
+        if (!dot)
+            continue;
+        dot->SetProperty("name_en", capital.nameEn);
+        dot->SetPosition(CVector3D(capital.lon, capital.lat, 0.0));
+        dot->SetRadius(5.0);
+        dot->SetPenWidth(1.5f);
+        dot->SetPenColor(QColor(120, 30, 20));
+        dot->SetBrushColor(QColor(230, 90, 40, 220));
+        dot->SetLabelPosition(3);
+        dot->SetNameOffset(3.0f);
+        dot->SetNameColor(QColor(90, 20, 10));
+        dot->SetNameOutlineColor(Qt::white);
+        dot->SetNameVisible(true);
+        dot->SetInteractive(true);
+        ++count;
+    }
+    return count;
 }

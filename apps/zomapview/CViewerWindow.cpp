@@ -8,24 +8,9 @@
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
 
-#include <QFile>
 #include <QLabel>
 #include <QLayout>
 #include <QStatusBar>
-#include <QTextStream>
-
-namespace
-{
-// Capitals show from this level on, their names from the next; further out
-// they would only clutter the world view.
-constexpr int kCapitalsMinLevel = 2;
-constexpr int kCapitalNamesMinLevel = 3;
-
-std::string ToGB18030(const QString& text)
-{
-    return ConvertQStringToStdString(text, ZoGraphicsConstantNS::STR_CODE_PAGE);
-}
-} // namespace
 
 CViewerWindow::CViewerWindow(QWidget* parent)
     : QMainWindow(parent),
@@ -71,62 +56,28 @@ QImage CViewerWindow::RenderMap(const QSize& size)
     return m_view->grab().toImage();
 }
 
-int CViewerWindow::PopulateGraphics(const QString& dataDir)
+CZoGraphicsModule& CViewerWindow::InitialiseGraphics()
 {
     if (!m_graphics)
     {
         m_graphics = std::make_unique<CZoGraphicsModule>();
         m_graphics->Initialise("zomapview", m_mapModule);
-        AddAnchoredShapesDemo(*m_graphics, *m_mapModule, this);
-        AddPointListDemo(*m_graphics, dataDir);
-        AddContentDemo(*m_graphics, dataDir, this);
-        AddEditingDemo(*m_graphics, *m_view, this);
     }
-    QFile file(dataDir + QStringLiteral("/capitals.csv"));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return 0;
+    return *m_graphics;
+}
 
-    IZoGraphicsMapLayer* layer = m_graphics->CreateGraphicsLayer("Capitals");
-    if (!layer)
-        return 0;
-    layer->SetMinLodLevel(kCapitalsMinLevel);
-    layer->SetNameMinLodLevel(kCapitalNamesMinLevel);
-    // Neighbouring capitals (Vienna and Bratislava, say) would print their
-    // names over each other: only the first of them is drawn.
-    if (auto* declutter = dynamic_cast<IZoLabelDeclutter*>(layer))
-        declutter->SetLabelDeclutter(true);
-
-    QTextStream in(&file);
-    in.setCodec("UTF-8");
-    in.readLine(); // name_en,name_zh,country,lon,lat
-    int count = 0;
-    while (!in.atEnd())
+int CViewerWindow::PopulateGraphics(const QString& dataDir)
+{
+    const bool fresh = !m_graphics;
+    CZoGraphicsModule& graphics = InitialiseGraphics();
+    if (fresh)
     {
-        const QStringList fields = in.readLine().split(QLatin1Char(','));
-        bool lonOk = false;
-        bool latOk = false;
-        const double lon = fields.value(3).toDouble(&lonOk);
-        const double lat = fields.value(4).toDouble(&latOk);
-        if (fields.size() != 5 || !lonOk || !latOk)
-            continue;
-        IZoDotMapObject* dot = m_graphics->CreateDotMapObject(ToGB18030(fields.at(1)), layer);
-        if (!dot)
-            continue;
-        dot->SetProperty("name_en", fields.at(0));
-        dot->SetPosition(CVector3D(lon, lat, 0.0));
-        dot->SetRadius(5.0);
-        dot->SetPenWidth(1.5f);
-        dot->SetPenColor(QColor(120, 30, 20));
-        dot->SetBrushColor(QColor(230, 90, 40, 220));
-        dot->SetLabelPosition(3);
-        dot->SetNameOffset(3.0f);
-        dot->SetNameColor(QColor(90, 20, 10));
-        dot->SetNameOutlineColor(Qt::white);
-        dot->SetNameVisible(true);
-        dot->SetInteractive(true);
-        ++count;
+        AddAnchoredShapesDemo(graphics, *m_mapModule, this);
+        AddPointListDemo(graphics, dataDir);
+        AddContentDemo(graphics, dataDir, this);
+        AddEditingDemo(graphics, *m_view, this);
     }
-    return count;
+    return AddCapitalDots(graphics, dataDir);
 }
 
 void CViewerWindow::ShowSceneEvent(const QString& name, const QVariant& value)

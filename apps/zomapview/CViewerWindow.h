@@ -29,8 +29,12 @@ public:
     // The map alone at the given size, drawn without showing the window.
     QImage RenderMap(const QSize& size);
 
-    // Puts the capital cities of dataDir/capitals.csv on the map as
-    // interactive dots with their Chinese names; returns how many.
+    // The graphics module on this window's map, made on the first call,
+    // with no objects of its own.
+    CZoGraphicsModule& InitialiseGraphics();
+    // Puts the demos on the map (once) and the capital cities of
+    // dataDir/capitals.csv as interactive dots with their Chinese names;
+    // returns how many capitals.
     int PopulateGraphics(const QString& dataDir);
     CZoGraphicsModule* Graphics() const { return m_graphics.get(); }
 

@@ -1,17 +1,17 @@
 #include "ContentDemo.h"
 
+#include "DemoSupport.h"
+
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
 
 #include <QDateTime>
-#include <QFile>
 #include <QFormLayout>
 #include <QGraphicsItem>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QTextStream>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -30,42 +30,33 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr double kDegree = kPi / 180.0;
 constexpr auto kShadingPeriod = std::chrono::seconds(5);
 
-std::string ToGB18030(const QString& text)
-{
-    return ConvertQStringToStdString(text, ZoGraphicsConstantNS::STR_CODE_PAGE);
-}
-
 // Capitals of Europe (by the name in capitals.csv).
 const char* const kEuropeanCapitals[] = {
     "London", "Paris",    "Berlin",     "Rome",      "Madrid", "Moscow", "Athens",   "Vienna",   "Warsaw",
     "Stockholm", "Oslo", "Helsinki", "Copenhagen", "Amsterdam", "Brussels", "Bern", "Lisbon", "Dublin",
     "Kyiv",   "Budapest", "Prague",  "Reykjavik",
 };
+} // namespace
 
 void AddCapitalPins(CZoGraphicsModule& graphics, const QString& dataDir)
 {
-    QFile file(dataDir + QStringLiteral("/capitals.csv"));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const std::vector<SCapital> capitals = ReadCapitals(dataDir);
+    if (capitals.empty())
         return;
     IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("European capitals");
     if (!layer)
         return;
     layer->SetMinLodLevel(3);
     const std::string icon = ToGB18030(dataDir + QStringLiteral("/demo/pin.png"));
-    QTextStream in(&file);
-    in.setCodec("UTF-8");
-    in.readLine(); // name_en,name_zh,country,lon,lat
-    while (!in.atEnd())
+    for (const SCapital& capital : capitals)
     {
-        const QStringList fields = in.readLine().split(QLatin1Char(','));
-        if (fields.size() != 5 ||
-            std::find(std::begin(kEuropeanCapitals), std::end(kEuropeanCapitals), fields.at(0)) ==
-                std::end(kEuropeanCapitals))
+        if (std::find(std::begin(kEuropeanCapitals), std::end(kEuropeanCapitals), capital.nameEn) ==
+            std::end(kEuropeanCapitals))
             continue;
-        IZoMarkPointMapObject* pin = graphics.CreateMarkPointMapObject(ToGB18030(fields.at(1)), layer);
+        IZoMarkPointMapObject* pin = graphics.CreateMarkPointMapObject(ToGB18030(capital.nameZh), layer);
         if (!pin)
             continue;
-        pin->SetPosition(CVector3D(fields.at(3).toDouble(), fields.at(4).toDouble(), 0.0));
+        pin->SetPosition(CVector3D(capital.lon, capital.lat, 0.0));
         pin->SetIconFile(icon);
         pin->SetIconAnchor(CVector3D(12.0, 34.0, 0.0)); // the tip of the pin
         pin->SetNameFont(QFont(QStringLiteral("WenQuanYi Micro Hei"), 10, QFont::Bold));
@@ -151,6 +142,8 @@ void AddForm(CZoGraphicsModule& graphics, QWidget* window)
     QObject::connect(window, &QObject::destroyed, [owned] { delete owned.data(); });
 }
 
+namespace
+{
 // Night over the map at time t: a dark veil that deepens through twilight
 // (the sun 0 to 12 degrees below the horizon). Rows follow Web Mercator, so
 // the image lies right when stretched over the map's extent.
@@ -224,23 +217,26 @@ private:
     std::thread m_worker;
 };
 
-void AddDayNightCanvas(CZoGraphicsModule& graphics)
+} // namespace
+
+IZoLayerCanvasMapObject* AddDayNightCanvas(CZoGraphicsModule& graphics, const QDateTime& time)
 {
     IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("Day and night");
     IZoLayerCanvasMapObject* canvas = graphics.CreateLayerCanvasMapObject("day and night", layer);
-    if (!canvas || !canvas->GetQtItem())
-        return;
+    if (!canvas)
+        return nullptr;
     canvas->SetZValue(-1000);
     canvas->SetExtent(EXTENT{-180.0, -kMercatorLimit, 180.0, kMercatorLimit});
-    // The first picture at once, so that even a single rendered frame shows it.
-    canvas->SetImage(DayNightImage(QDateTime::currentDateTimeUtc(), 512));
-    new CDayNightFeeder(canvas, canvas->GetQtItem()); // owned by the item
+    canvas->SetImage(DayNightImage(time, 512));
+    return canvas;
 }
-} // namespace
 
 void AddContentDemo(CZoGraphicsModule& graphics, const QString& dataDir, QWidget* window)
 {
-    AddDayNightCanvas(graphics);
+    // The first picture at once, so that even a single rendered frame shows it.
+    IZoLayerCanvasMapObject* canvas = AddDayNightCanvas(graphics, QDateTime::currentDateTimeUtc());
+    if (canvas && canvas->GetQtItem())
+        new CDayNightFeeder(canvas, canvas->GetQtItem()); // owned by the item
     AddCapitalPins(graphics, dataDir);
     AddCompassRose(graphics, dataDir);
     AddEditableText(graphics, window);

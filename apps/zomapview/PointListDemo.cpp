@@ -1,10 +1,10 @@
 #include "PointListDemo.h"
 
+#include "DemoSupport.h"
+
 #include <ZoGraphics/ZoGraphics.h>
 
 #include <QColor>
-#include <QFile>
-#include <QTextStream>
 #include <cmath>
 #include <geodesic.h>
 
@@ -24,6 +24,8 @@ QColor CountryColour(int index)
 {
     return QColor::fromHsv(static_cast<int>(index * 137.508) % 360, 150, 235, 110);
 }
+
+} // namespace
 
 void AddCountries(IZoGraphicsModule& graphics, const QString& dataDir)
 {
@@ -46,6 +48,8 @@ void AddCountries(IZoGraphicsModule& graphics, const QString& dataDir)
     }
 }
 
+namespace
+{
 // Beijing to New York along the WGS 84 geodesic. The map does not wrap
 // around, so the route is cut where it crosses the antimeridian: two
 // polylines, the arrow on the one that reaches New York.
@@ -79,6 +83,8 @@ std::vector<std::vector<CVector3D>> GreatCircleRoute()
     return pieces;
 }
 
+} // namespace
+
 void AddRoute(IZoGraphicsModule& graphics)
 {
     IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("Route");
@@ -89,9 +95,7 @@ void AddRoute(IZoGraphicsModule& graphics)
     for (std::size_t i = 0; i < pieces.size(); ++i)
     {
         const bool last = i + 1 == pieces.size();
-        const std::string name = last ? ConvertQStringToStdString(QStringLiteral("北京—纽约"),
-                                                                  ZoGraphicsConstantNS::STR_CODE_PAGE)
-                                      : std::string();
+        const std::string name = last ? ToGB18030(QStringLiteral("北京—纽约")) : std::string();
         IZoPolylineMapObject* route = graphics.CreatePolylineMapObject(name, layer);
         if (!route)
             return;
@@ -108,42 +112,31 @@ void AddRoute(IZoGraphicsModule& graphics)
     }
 }
 
-void AddCapitals(IZoGraphicsModule& graphics, const QString& dataDir)
+void AddCapitalsMultiDot(IZoGraphicsModule& graphics, const QString& dataDir)
 {
-    QFile file(dataDir + QStringLiteral("/capitals.csv"));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const std::vector<SCapital> capitals = ReadCapitals(dataDir);
+    if (capitals.empty())
         return;
     IZoGraphicsMapLayer* layer = graphics.CreateGraphicsLayer("Capital dots");
     if (!layer)
         return;
     layer->SetMaxLodLevel(kCapitalDotsMaxLevel);
-    QTextStream in(&file);
-    in.readLine(); // name_en,name_zh,country,lon,lat
-    std::vector<CVector3D> capitals;
-    while (!in.atEnd())
-    {
-        const QStringList fields = in.readLine().split(QLatin1Char(','));
-        bool lonOk = false;
-        bool latOk = false;
-        const double lon = fields.value(3).toDouble(&lonOk);
-        const double lat = fields.value(4).toDouble(&latOk);
-        if (fields.size() == 5 && lonOk && latOk)
-            capitals.emplace_back(lon, lat, 0.0);
-    }
+    std::vector<CVector3D> points;
+    for (const SCapital& capital : capitals)
+        points.emplace_back(capital.lon, capital.lat, 0.0);
     IZoMultiDotMapObject* dots = graphics.CreateMultiDotMapObject("Capitals", layer);
     if (!dots)
         return;
-    dots->SetData(capitals);
+    dots->SetData(points);
     dots->SetPenColor(QColor(120, 30, 20));
     dots->SetPenWidth(1.0f);
     dots->SetBrushColor(QColor(230, 90, 40, 230));
     dots->SetDotSize(2.5);
 }
-} // namespace
 
 void AddPointListDemo(IZoGraphicsModule& graphics, const QString& dataDir)
 {
     AddCountries(graphics, dataDir);
     AddRoute(graphics);
-    AddCapitals(graphics, dataDir);
+    AddCapitalsMultiDot(graphics, dataDir);
 }

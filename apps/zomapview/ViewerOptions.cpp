@@ -24,8 +24,12 @@ bool WantsHeadlessRender(int argc, char** argv)
 {
     for (int i = 1; i < argc; ++i)
     {
-        if (std::strcmp(argv[i], "--render") == 0 || std::strncmp(argv[i], "--render=", 9) == 0)
-            return true;
+        for (const char* option : {"--render", "--gallery"})
+        {
+            const std::size_t length = std::strlen(option);
+            if (std::strncmp(argv[i], option, length) == 0 && (argv[i][length] == '\0' || argv[i][length] == '='))
+                return true;
+        }
     }
     return false;
 }
@@ -39,6 +43,10 @@ bool ParseViewerOptions(const QStringList& arguments, ViewerOptions* options, QS
     const QCommandLineOption renderOption(QStringLiteral("render"),
                                           QStringLiteral("Renders the map to a PNG file and exits."),
                                           QStringLiteral("out.png"));
+    const QCommandLineOption galleryOption(
+        QStringLiteral("gallery"),
+        QStringLiteral("Renders one 320x200 picture per object kind into DIR (<kind>.png) and exits."),
+        QStringLiteral("DIR"));
     const QCommandLineOption centerOption(QStringLiteral("center"),
                                           QStringLiteral("Centre of the view in degrees."), QStringLiteral("LON,LAT"));
     const QCommandLineOption zoomOption(QStringLiteral("zoom"), QStringLiteral("Zoom, 0 to 21, fractions allowed."),
@@ -48,7 +56,7 @@ bool ParseViewerOptions(const QStringList& arguments, ViewerOptions* options, QS
     const QCommandLineOption dataOption(QStringLiteral("data"),
                                         QStringLiteral("Folder with the Natural Earth country files."),
                                         QStringLiteral("DIR"));
-    parser.addOptions({helpOption, renderOption, centerOption, zoomOption, sizeOption, dataOption});
+    parser.addOptions({helpOption, renderOption, galleryOption, centerOption, zoomOption, sizeOption, dataOption});
     *helpText = parser.helpText();
 
     if (!parser.parse(arguments))
@@ -105,6 +113,20 @@ bool ParseViewerOptions(const QStringList& arguments, ViewerOptions* options, QS
         if (options->renderPath.isEmpty())
         {
             *error = QStringLiteral("--render wants an output file name");
+            return false;
+        }
+    }
+    if (parser.isSet(galleryOption))
+    {
+        options->galleryDir = parser.value(galleryOption);
+        if (options->galleryDir.isEmpty())
+        {
+            *error = QStringLiteral("--gallery wants a folder name");
+            return false;
+        }
+        if (!options->renderPath.isEmpty())
+        {
+            *error = QStringLiteral("--gallery and --render exclude each other");
             return false;
         }
     }

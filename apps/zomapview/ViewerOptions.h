@@ -12,11 +12,12 @@ struct ViewerOptions
     double zoom = 2.0;
     QSize size{1024, 640};
     QString renderPath; // non-empty: render to this PNG and exit
+    QString galleryDir; // non-empty: render one picture per object kind here and exit
     QString dataDir;    // empty: the view's default
     bool helpRequested = false;
 };
 
-// True when the process must render headless; checked before any Qt
+// True when the process must render headless (--render or --gallery); checked before any Qt
 // application exists, so that the offscreen platform can be chosen.
 bool WantsHeadlessRender(int argc, char** argv);
 

@@ -1,4 +1,5 @@
 #include "CViewerWindow.h"
+#include "Gallery.h"
 #include "ViewerOptions.h"
 
 #include <ZoGraphics/CZoMapView.h>
@@ -49,6 +50,16 @@ int main(int argc, char** argv)
     const QString dataDir = ChooseDataDir(options, *window.MapView());
     if (!dataDir.isEmpty())
         window.MapView()->SetBasemapDataDir(dataDir);
+    if (!options.galleryDir.isEmpty())
+    {
+        QStringList written;
+        const bool ok = WriteGallery(options.galleryDir, window.MapView()->GetBasemapDataDir(), &written, &error);
+        for (const QString& path : written)
+            std::printf("%s\n", qPrintable(path));
+        if (!ok)
+            std::fprintf(stderr, "zomapview: %s\n", qPrintable(error));
+        return ok ? 0 : 1;
+    }
     window.PopulateGraphics(window.MapView()->GetBasemapDataDir());
     window.ShowArea(options.centerLon, options.centerLat, options.zoom);
 
