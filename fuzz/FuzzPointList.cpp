@@ -65,8 +65,8 @@ CVector3D Point(CZoFuzzInput& in)
     // Mostly plain points; now and then a hostile one, which the whole edit
     // must refuse.
     if (in.Int(0, 15) == 0)
-        return CVector3D(in.Double(), in.Double(), in.Double());
-    return CVector3D(in.Plain(-60, 60), in.Plain(-60, 60), in.Plain(-1, 1));
+        return CVector3D{in.Double(), in.Double(), in.Double()};
+    return CVector3D{in.Plain(-60, 60), in.Plain(-60, 60), in.Plain(-1, 1)};
 }
 
 bool Finite(const CVector3D& p)

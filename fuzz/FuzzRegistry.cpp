@@ -69,7 +69,7 @@ public:
         case 6: SwitchLayer(in); break;
         case 7: Stack(in); break;
         case 8: DestroyAllOnLayer(in); break;
-        case 9: m_map.SetZoomAround(in.Plain(0.0, 21.0), in.Plain(-180, 180), in.Plain(-85, 85)); break;
+        case 9: Zoom(in); break;
         case 10: Paint(); break;
         case 11:
             if (in.Int(0, 7) == 0)
@@ -274,6 +274,14 @@ private:
         case 2: m_module->StackedLower(object, live); break;
         default: m_module->StackedBottom(object, live); break;
         }
+    }
+
+    void Zoom(CZoFuzzInput& in)
+    {
+        const double level = in.Plain(0.0, 21.0);
+        const double x = in.Plain(-180, 180);
+        const double y = in.Plain(-85, 85);
+        m_map.SetZoomAround(level, x, y);
     }
 
     void Paint()

@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <cmath>
 #include <memory>
+#include <utility>
 #include <typeinfo>
 
 namespace
@@ -48,8 +49,8 @@ IZoGraphicsMapObject* Make(IZoGraphicsModule& m, int kind, const std::string& na
 
 CVector3D Point(CZoFuzzInput& in)
 {
-    return in.Bool() ? CVector3D(in.Plain(-80, 80), in.Plain(-60, 60), in.Plain(-1, 1))
-                     : CVector3D(in.Double(), in.Double(), in.Double());
+    return in.Bool() ? CVector3D{in.Plain(-80, 80), in.Plain(-60, 60), in.Plain(-1, 1)}
+                     : CVector3D{in.Double(), in.Double(), in.Double()};
 }
 
 EXTENT Extent(CZoFuzzInput& in)
@@ -64,7 +65,7 @@ EXTENT Extent(CZoFuzzInput& in)
 
 QColor Color(CZoFuzzInput& in)
 {
-    return QColor(in.Byte(), in.Byte(), in.Byte(), in.Byte());
+    return QColor{in.Byte(), in.Byte(), in.Byte(), in.Byte()};
 }
 
 float Float(CZoFuzzInput& in)
@@ -74,7 +75,23 @@ float Float(CZoFuzzInput& in)
 
 unsigned Flags(CZoFuzzInput& in)
 {
-    return in.Bool() ? in.Byte() : static_cast<unsigned>(in.Int(0, 65535)) << 16 | in.Byte();
+    if (in.Bool())
+        return in.Byte();
+    const unsigned high = static_cast<unsigned>(in.Int(0, 65535)) << 16;
+    return high | in.Byte();
+}
+
+// Two values read in order (a function's arguments are evaluated in an order
+// the compiler picks, and an input must mean the same under every compiler).
+std::pair<int, int> Ints(CZoFuzzInput& in, int low, int high)
+{
+    const int first = in.Int(low, high);
+    return {first, in.Int(low, high)};
+}
+std::pair<double, double> Doubles(CZoFuzzInput& in)
+{
+    const double first = in.Double();
+    return {first, in.Double()};
 }
 
 std::vector<CVector3D> Points(CZoFuzzInput& in)
@@ -136,7 +153,11 @@ void SetStyle(IZoGraphicsMapObject* o, CZoFuzzInput& in)
         case 3: s->SetPenWidth(Float(in)); break;
         case 4: s->SetPenStyle(Flags(in)); break;
         case 5: s->SetBrushColor(Color(in)); break;
-        default: s->SetBrushTextureFile(Flags(in), in.Bytes(8)); break;
+        default: {
+            const unsigned style = Flags(in);
+            s->SetBrushTextureFile(style, in.Bytes(8));
+            break;
+        }
         }
     if (auto* l = dynamic_cast<IZoLineStyleGraphicsMapObject*>(o))
         switch (in.Int(0, 5))
@@ -197,7 +218,11 @@ void SetOwn(IZoGraphicsMapObject* o, CZoFuzzInput& in)
         switch (in.Int(0, 2))
         {
         case 0: bubble->SetPosition(Point(in)); break;
-        case 1: bubble->SetSize(in.Int(-100000, 100000), in.Int(-100000, 100000)); break;
+        case 1: {
+            const auto [width, height] = Ints(in, -100000, 100000);
+            bubble->SetSize(width, height);
+            break;
+        }
         default:
             // Any value the enumeration can hold, named or not.
             bubble->SetTailDirection(static_cast<EZoBubbleTailDirection>(in.Int(0, 7)));
@@ -246,14 +271,18 @@ void SetOwn(IZoGraphicsMapObject* o, CZoFuzzInput& in)
         {
         case 0: pin->SetPosition(Point(in)); break;
         case 1: pin->SetRotateAngle(in.Double()); break;
-        case 2: pin->SetIconSize(in.Double(), in.Double()); break;
+        case 2: {
+            const auto [width, height] = Doubles(in);
+            pin->SetIconSize(width, height);
+            break;
+        }
         case 3: pin->SetIconAnchor(Point(in)); break;
         case 4: pin->SetIconFile(in.Bytes(8)); break;
         case 5: pin->SetIconVisible(in.Bool()); break;
         case 6: pin->SetLabelPosition(Flags(in)); break;
         case 7: pin->SetLabelAlignment(Flags(in)); break;
         default: {
-            QPixmap icon(in.Int(0, 40), in.Int(0, 40));
+            QPixmap icon{in.Int(0, 40), in.Int(0, 40)};
             icon.fill(Qt::red);
             pin->SetIcon(icon);
             break;
@@ -264,17 +293,29 @@ void SetOwn(IZoGraphicsMapObject* o, CZoFuzzInput& in)
         {
         case 0: svg->SetGeoExtent(Extent(in)); break;
         case 1: svg->SetCenter(Point(in)); break;
-        case 2: svg->SetXYScale(in.Double(), in.Double()); break;
+        case 2: {
+            const auto [x, y] = Doubles(in);
+            svg->SetXYScale(x, y);
+            break;
+        }
         case 3: svg->SetXScale(in.Double()); break;
         case 4: svg->SetYScale(in.Double()); break;
-        case 5: svg->MoveBy(in.Double(), in.Double()); break;
+        case 5: {
+            const auto [x, y] = Doubles(in);
+            svg->MoveBy(x, y);
+            break;
+        }
         default: svg->Rotate(in.Double()); break;
         }
     else if (auto* w = dynamic_cast<IZoWidgetMapObject*>(o))
         switch (in.Int(0, 2))
         {
         case 0: w->SetPosition(Point(in)); break;
-        case 1: w->SetSize(in.Int(-100000, 100000), in.Int(-100000, 100000)); break;
+        case 1: {
+            const auto [width, height] = Ints(in, -100000, 100000);
+            w->SetSize(width, height);
+            break;
+        }
         default: w->SetAnchor(Point(in)); break;
         }
     else if (auto* canvas = dynamic_cast<IZoLayerCanvasMapObject*>(o))
@@ -283,7 +324,7 @@ void SetOwn(IZoGraphicsMapObject* o, CZoFuzzInput& in)
             canvas->SetExtent(Extent(in));
         else
         {
-            QImage image(in.Int(0, 64), in.Int(0, 64), QImage::Format_ARGB32_Premultiplied);
+            QImage image{in.Int(0, 64), in.Int(0, 64), QImage::Format_ARGB32_Premultiplied};
             image.fill(Qt::blue);
             canvas->SetImage(image);
         }
@@ -325,12 +366,15 @@ int ZoFuzzSetters(const std::uint8_t* data, std::size_t size)
     std::vector<IZoGraphicsMapObject*> objects;
     QLabel label("fuzz"); // a widget for the kinds that embed one
     for (int n = in.Int(1, 3); n > 0; --n)
-        if (IZoGraphicsMapObject* o = Make(module, in.Int(0, kKinds - 1), in.Bytes(12)))
+    {
+        const int kind = in.Int(0, kKinds - 1);
+        if (IZoGraphicsMapObject* o = Make(module, kind, in.Bytes(12)))
         {
             objects.push_back(o);
             if (auto* w = dynamic_cast<IZoWidgetMapObject*>(o); w && in.Bool())
                 w->SetWidget(&label);
         }
+    }
     QImage image(96, 64, QImage::Format_ARGB32_Premultiplied);
     for (int step = 0; step < 200 && !in.Empty() && !objects.empty(); ++step)
     {
@@ -341,19 +385,23 @@ int ZoFuzzSetters(const std::uint8_t* data, std::size_t size)
         case 1: SetShared(o, in); break;
         case 2:
         case 3: SetStyle(o, in); break;
-        case 4:
-            map.SetZoomAround(in.Plain(0.0, 21.0), in.Plain(-180, 180), in.Plain(-80, 80));
+        case 4: {
+            const double level = in.Plain(0.0, 21.0);
+            const double x = in.Plain(-180, 180);
+            const double y = in.Plain(-80, 80);
+            map.SetZoomAround(level, x, y);
             break;
+        }
         case 5: {
             image.fill(Qt::white);
             QPainter painter(&image);
             painter.setRenderHint(QPainter::Antialiasing, in.Bool());
-            map.GetScene()->render(&painter, QRectF(image.rect()), QRectF(in.Plain(-2000, 2000), in.Plain(-2000, 2000),
-                                                                          in.Plain(1, 4000), in.Plain(1, 4000)));
+            map.GetScene()->render(&painter, QRectF(image.rect()), QRectF{in.Plain(-2000, 2000), in.Plain(-2000, 2000),
+                                                                          in.Plain(1, 4000), in.Plain(1, 4000)});
             break;
         }
         case 6: {
-            const QPointF at(in.Plain(-3000, 3000), in.Plain(-3000, 3000));
+            const QPointF at{in.Plain(-3000, 3000), in.Plain(-3000, 3000)};
             for (QGraphicsItem* item : map.GetScene()->items(at))
                 item->contains(item->mapFromScene(at));
             break;
