@@ -195,6 +195,19 @@ int CZoGraphicsMapLayer::GetMapObjectCount() const
     return static_cast<int>(m_objects.size());
 }
 
+void CZoGraphicsMapLayer::EnableShapeCache()
+{
+    if (m_shapeCache)
+        return;
+    // Objects the cache holds still report empty bounds from now on: each
+    // announces the change while its old bounds still stand.
+    ForEachObject([](IZoGraphicsMapObject* object) {
+        if (CZoMapObjectCore* core = ZoObjectCore(object))
+            core->PrepareGeometryChange();
+    });
+    m_shapeCache = true;
+}
+
 bool CZoGraphicsMapLayer::OnLodLevelChanged(int lod)
 {
     ForEachObject([lod](IZoGraphicsMapObject* object) { object->UpdateVisibility(lod); });

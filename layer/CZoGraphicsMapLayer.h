@@ -56,7 +56,7 @@ public:
     bool DetachAllMapObjects() override;
     bool DestroyAllMapObjects() override;
     int GetMapObjectCount() const override;
-    void EnableShapeCache() override { m_shapeCache = true; }
+    void EnableShapeCache() override;
     bool IsShapeCacheEnabled() const override { return m_shapeCache; }
     void SetSecondShapeCache(bool enabled) override { m_secondShapeCache = enabled; }
     bool IsSecondShapeCache() const override { return m_secondShapeCache; }

@@ -26,6 +26,13 @@ constexpr int kAllMouseButtons = 0x7FFFFFF;
 constexpr double kMinViewScale = 1e-12;
 constexpr double kMaxViewScale = 1e12;
 
+// The layer's shape cache holds the object still (its rebuilds and paints
+// are skipped).
+bool SuppressedUnder(const IZoGraphicsMapLayer* layer, bool always, double threshold)
+{
+    return layer && layer->IsShapeCacheEnabled() && !always && threshold > -1.0 && threshold < 12.0;
+}
+
 bool PixelScaleFromViewScale(double viewScale, double* k)
 {
     if (!(viewScale >= kMinViewScale && viewScale <= kMaxViewScale))
@@ -107,8 +114,11 @@ void CZoMapObjectCore::Unintialise()
 void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
 {
     InvalidateLabels();
+    auto* graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
+    if (SuppressedUnder(graphicsLayer, m_alwaysRebuild, m_rebuildThreshold) != IsSuppressed())
+        PrepareGeometryChange();
     m_mapLayer = layer;
-    m_graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
+    m_graphicsLayer = graphicsLayer;
     m_labelArranger = dynamic_cast<IZoLabelArranger*>(layer);
     m_labelDecluttered = false;
     InvalidateLabels();
@@ -306,19 +316,25 @@ void CZoMapObjectCore::UpdateVisibility(int lod)
 
 void CZoMapObjectCore::SetResolution(double scale)
 {
-    const double oldScale = m_pixelScale;
-    PixelScaleFromViewScale(scale, &m_pixelScale);
+    double newScale = m_pixelScale;
+    PixelScaleFromViewScale(scale, &newScale);
     if (!m_item)
+    {
+        m_pixelScale = newScale;
         return;
+    }
     InvalidateLabels();
     // In the scene, the geometry change repaints the item already, and the
     // item need not announce it again while rebuilding. A shape of pixel
     // sizes alone does not change while k stays (a zoom from one whole level
     // to the next): announcing a change then would only take the item out of
-    // the scene's index and put it back, most of a zoom's cost.
-    const bool unchanged = m_pixelScale == oldScale && m_kind.ShapeFollowsPixelScaleOnly();
+    // the scene's index and put it back, most of a zoom's cost. The
+    // announcement comes before k changes: the scene's index finds the item
+    // under the rectangle it reports now, and bounds grow with k.
+    const bool unchanged = newScale == m_pixelScale && m_kind.ShapeFollowsPixelScaleOnly();
     if (!unchanged)
         PrepareGeometryChange();
+    m_pixelScale = newScale;
     m_geometryAnnounced = m_inScene && !unchanged;
     m_item->RebuildShape(true);
     m_geometryAnnounced = false;
@@ -410,7 +426,12 @@ void CZoMapObjectCore::RemoveFromScene()
 void CZoMapObjectCore::Rebuild(double scale)
 {
     EnsureItem();
-    PixelScaleFromViewScale(scale, &m_pixelScale);
+    double newScale = m_pixelScale;
+    PixelScaleFromViewScale(scale, &newScale);
+    // Bounds grow with k: announce while the item still reports the old ones.
+    if (newScale != m_pixelScale)
+        PrepareGeometryChange();
+    m_pixelScale = newScale;
     m_item->RebuildShape(true);
 }
 
@@ -437,8 +458,23 @@ void CZoMapObjectCore::Update()
 
 bool CZoMapObjectCore::IsSuppressed() const
 {
-    return m_graphicsLayer && m_graphicsLayer->IsShapeCacheEnabled() && !m_alwaysRebuild &&
-           m_rebuildThreshold > -1.0 && m_rebuildThreshold < 12.0;
+    return SuppressedUnder(m_graphicsLayer, m_alwaysRebuild, m_rebuildThreshold);
+}
+
+// A suppressed item reports empty bounds, so the switch is announced while
+// the item still reports the bounds the scene's index holds it under.
+void CZoMapObjectCore::SetAlwaysRebuild(bool always)
+{
+    if (SuppressedUnder(m_graphicsLayer, always, m_rebuildThreshold) != IsSuppressed())
+        PrepareGeometryChange();
+    m_alwaysRebuild = always;
+}
+
+void CZoMapObjectCore::SetRebuildThreshold(double threshold)
+{
+    if (SuppressedUnder(m_graphicsLayer, m_alwaysRebuild, threshold) != IsSuppressed())
+        PrepareGeometryChange();
+    m_rebuildThreshold = threshold;
 }
 
 int CZoMapObjectCore::CurrentLod() const

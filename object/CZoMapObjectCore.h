@@ -113,9 +113,9 @@ public:
     void SetVisible(bool visible);
     bool IsVisible() const;
     bool IsShown() const { return m_shown; }
-    void SetAlwaysRebuild(bool always) { m_alwaysRebuild = always; }
+    void SetAlwaysRebuild(bool always);
     bool IsAlwaysRebuild() const { return m_alwaysRebuild; }
-    void SetRebuildThreshold(double threshold) { m_rebuildThreshold = threshold; }
+    void SetRebuildThreshold(double threshold);
     double GetRebuildThreshold() const { return m_rebuildThreshold; }
 
     // Degenerate box at the anchor: (x, y, -1) to (x, y, 1).
