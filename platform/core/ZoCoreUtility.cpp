@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cfloat>
 #include <cmath>
+#include <string>
 
 namespace
 {
@@ -17,8 +18,20 @@ std::atomic<int> g_objectId{0};
 
 QTextCodec* CodecFor(const char* codePage)
 {
+    // Qt looks a codec up by name under a global lock and asks ICU to resolve
+    // the alias each time; every name that crosses the interface comes here,
+    // so each thread remembers the last answer. Codecs live until the process
+    // ends, so the pointer stays valid.
+    thread_local std::string lastPage;
+    thread_local QTextCodec* lastCodec = nullptr;
+    if (lastCodec && codePage && lastPage == codePage)
+        return lastCodec;
     QTextCodec* codec = codePage ? QTextCodec::codecForName(codePage) : nullptr;
-    return codec ? codec : QTextCodec::codecForName("UTF-8");
+    if (!codec)
+        return QTextCodec::codecForName("UTF-8");
+    lastPage = codePage;
+    lastCodec = codec;
+    return codec;
 }
 
 // Equal when |a - b| <= tolerance * max(1, |a|, |b|): relative for large
