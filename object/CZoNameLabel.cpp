@@ -45,6 +45,12 @@ bool ScalesOnly(const QPainter* painter, QTransform* device)
            !painter->viewTransformEnabled() && std::isfinite(device->m11()) && std::isfinite(device->m22()) &&
            std::isfinite(device->dx()) && std::isfinite(device->dy());
 }
+
+// A finished look is a picture of the label at the device's scale; past this
+// many device pixels a side (a label blown up by a huge render scale or
+// outline) the picture would cost more than drawing the outlines directly,
+// and its memory would grow with the square of the scale.
+constexpr double kLargestLookSide = 2048.0;
 } // namespace
 
 CZoNameLabel::CZoNameLabel()
@@ -136,6 +142,12 @@ void CZoNameLabel::Place(EZoLabelPlacement placement, double x, double y)
     originY = static_cast<float>(oy);
 }
 
+bool CZoNameLabel::FitsALook(const QTransform& device) const
+{
+    const QRectF rect = TextRect().adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth);
+    return rect.width() * device.m11() <= kLargestLookSide && rect.height() * device.m22() <= kLargestLookSide;
+}
+
 QRectF CZoNameLabel::TextRect() const
 {
     Measure();
@@ -161,7 +173,7 @@ void CZoNameLabel::Draw(QPainter* painter) const
         return;
 
     QTransform device;
-    if (!ScalesOnly(painter, &device))
+    if (!ScalesOnly(painter, &device) || !FitsALook(device))
     {
         painter->save();
         painter->translate(originX, originY);

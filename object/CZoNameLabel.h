@@ -8,6 +8,7 @@
 #include <vector>
 
 class QPainter;
+class QTransform;
 class IZoGraphicsMapLayer;
 struct SZoLabelLook;
 struct SZoPlacedGlyph;
@@ -58,6 +59,8 @@ public:
     // The text block in item pixels: from the origin's baseline up by the
     // ascent, as wide as the widest line, as tall as its lines.
     QRectF TextRect() const;
+    // Whether a finished look of the label at this device scale stays small.
+    bool FitsALook(const QTransform& device) const;
     // Gives the measurement and the look back; the next Place measures anew.
     void Release();
     // Whether the label still refers to a finished look of its own.

@@ -152,3 +152,19 @@ TEST_F(LabelLook, TheCacheStaysWithinItsBoundDroppingTheLeastRecentlyUsed)
     const QImage again = Render(second, QTransform(), true);
     EXPECT_NE(again, BlankCanvas(160, 80).convertToFormat(again.format()));
 }
+
+// A label blown up far past the screen (a huge render scale, a wide
+// outline) is drawn stroke by stroke: a finished look of it would take
+// memory with the square of the scale, gigabytes for a rendering at 100x.
+TEST_F(LabelLook, LabelsFarLargerThanTheScreenAreDrawnWithoutALook)
+{
+    CZoNameLabel label = Label(QStringLiteral("enormous"));
+    label.outlineWidth = 90.0;
+    label.Place(EZoLabelPlacement::RightBaseline, 0.5, 0.4);
+    const QTransform huge = QTransform::fromScale(100.0, 100.0);
+    const QImage drawn = Render(label, huge, true);
+    EXPECT_FALSE(label.HoldsLook());
+    EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
+    EXPECT_LE(DifferingPixels(drawn, Render(label, huge, false), 0), 0);
+    EXPECT_NE(drawn, BlankCanvas(160, 80).convertToFormat(drawn.format()));
+}
