@@ -24,7 +24,7 @@ for fuzzer in registry pointlist setters files; do
     zo_as_user cp -r "fuzz/corpus/$fuzzer" "$run_dir/$fuzzer"
     echo "== fuzz_$fuzzer for ${seconds} s"
     if ! zo_as_user env QT_QPA_PLATFORM=offscreen \
-        ASAN_OPTIONS="detect_leaks=1:halt_on_error=1" \
+        ASAN_OPTIONS="detect_leaks=1:halt_on_error=1:max_free_fill_size=4096:free_fill_byte=165" \
         LSAN_OPTIONS="suppressions=$REPO_ROOT/tests/sanitizers/lsan.supp:print_suppressions=0" \
         UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1" \
         "build/fuzz/fuzz/fuzz_$fuzzer" -max_total_time="$seconds" -max_len="${max_len[$fuzzer]}" -timeout=30 -rss_limit_mb=4096 \
