@@ -199,11 +199,11 @@ void CZoGraphicsMapLayer::EnableShapeCache()
 {
     if (m_shapeCache)
         return;
-    // Objects the cache holds still report empty bounds from now on: each
+    // Objects the cache holds report empty bounds from now on: each
     // announces the change while its old bounds still stand.
     ForEachObject([](IZoGraphicsMapObject* object) {
         if (CZoMapObjectCore* core = ZoObjectCore(object))
-            core->PrepareGeometryChange();
+            core->AnnounceHold(true, core->IsAlwaysRebuild(), core->GetRebuildThreshold());
     });
     m_shapeCache = true;
 }

@@ -28,9 +28,14 @@ constexpr double kMaxViewScale = 1e12;
 
 // The layer's shape cache holds the object still (its rebuilds and paints
 // are skipped).
-bool SuppressedUnder(const IZoGraphicsMapLayer* layer, bool always, double threshold)
+bool SuppressedUnder(bool shapeCache, bool always, double threshold)
 {
-    return layer && layer->IsShapeCacheEnabled() && !always && threshold > -1.0 && threshold < 12.0;
+    return shapeCache && !always && threshold > -1.0 && threshold < 12.0;
+}
+
+bool ShapeCacheOf(const IZoGraphicsMapLayer* layer)
+{
+    return layer && layer->IsShapeCacheEnabled();
 }
 
 bool PixelScaleFromViewScale(double viewScale, double* k)
@@ -115,8 +120,7 @@ void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
 {
     InvalidateLabels();
     auto* graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
-    if (SuppressedUnder(graphicsLayer, m_alwaysRebuild, m_rebuildThreshold) != IsSuppressed())
-        PrepareGeometryChange();
+    AnnounceHold(ShapeCacheOf(graphicsLayer), m_alwaysRebuild, m_rebuildThreshold);
     m_mapLayer = layer;
     m_graphicsLayer = graphicsLayer;
     m_labelArranger = dynamic_cast<IZoLabelArranger*>(layer);
@@ -458,22 +462,26 @@ void CZoMapObjectCore::Update()
 
 bool CZoMapObjectCore::IsSuppressed() const
 {
-    return SuppressedUnder(m_graphicsLayer, m_alwaysRebuild, m_rebuildThreshold);
+    return SuppressedUnder(ShapeCacheOf(m_graphicsLayer), m_alwaysRebuild, m_rebuildThreshold);
 }
 
 // A suppressed item reports empty bounds, so the switch is announced while
 // the item still reports the bounds the scene's index holds it under.
+void CZoMapObjectCore::AnnounceHold(bool shapeCache, bool always, double threshold)
+{
+    if (SuppressedUnder(shapeCache, always, threshold) != IsSuppressed())
+        PrepareGeometryChange();
+}
+
 void CZoMapObjectCore::SetAlwaysRebuild(bool always)
 {
-    if (SuppressedUnder(m_graphicsLayer, always, m_rebuildThreshold) != IsSuppressed())
-        PrepareGeometryChange();
+    AnnounceHold(ShapeCacheOf(m_graphicsLayer), always, m_rebuildThreshold);
     m_alwaysRebuild = always;
 }
 
 void CZoMapObjectCore::SetRebuildThreshold(double threshold)
 {
-    if (SuppressedUnder(m_graphicsLayer, m_alwaysRebuild, threshold) != IsSuppressed())
-        PrepareGeometryChange();
+    AnnounceHold(ShapeCacheOf(m_graphicsLayer), m_alwaysRebuild, threshold);
     m_rebuildThreshold = threshold;
 }
 

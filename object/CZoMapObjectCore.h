@@ -146,6 +146,9 @@ public:
     QPointF ConvertGeoToScenePixel(const CVector3D& point, const char* method) const;
     // prepareGeometryChange on the item while the object is in the scene.
     void PrepareGeometryChange();
+    // Announces a geometry change when the shape cache's hold on the object
+    // would change under these switches: call it before changing them.
+    void AnnounceHold(bool shapeCache, bool always, double threshold);
     // True while a rebuild runs whose geometry change has been announced
     // already: the item need not call prepareGeometryChange again.
     bool IsGeometryChangeAnnounced() const { return m_geometryAnnounced; }
