@@ -10,6 +10,7 @@
 
 #include <QLabel>
 #include <QLayout>
+#include <QMenuBar>
 #include <QStatusBar>
 
 CViewerWindow::CViewerWindow(QWidget* parent)
@@ -22,6 +23,9 @@ CViewerWindow::CViewerWindow(QWidget* parent)
 {
     setWindowTitle(QStringLiteral("ZoGraphics map viewer"));
     setCentralWidget(m_view);
+    // Pictures stretched over the map (the day and night shading at deep
+    // zooms, say) are filtered rather than shown in blocks.
+    m_view->setRenderHint(QPainter::SmoothPixmapTransform, true);
     statusBar()->addWidget(m_pointerLabel, 1);
     statusBar()->addPermanentWidget(m_selectionLabel);
     statusBar()->addPermanentWidget(m_zoomLabel);
@@ -76,6 +80,12 @@ int CViewerWindow::PopulateGraphics(const QString& dataDir)
         AddPointListDemo(graphics, dataDir);
         AddContentDemo(graphics, dataDir, this);
         AddEditingDemo(graphics, *m_view, this);
+        // Its close button hides the bubble: this brings it back.
+        if (IZoBubbleMapObject* bubble = graphics.LookupBubbleMapObject("Tokyo"))
+        {
+            QAction* show = menuBar()->addMenu(tr("&View"))->addAction(tr("Show the &Tokyo bubble"));
+            connect(show, &QAction::triggered, this, [bubble] { bubble->SetVisible(true); });
+        }
     }
     return AddCapitalDots(graphics, dataDir);
 }
@@ -84,17 +94,19 @@ void CViewerWindow::ShowSceneEvent(const QString& name, const QVariant& value)
 {
     if (!m_graphics || name != QString::fromStdString(ZoGraphicsConstantNS::STR_SCENE_MOUSE_PRESS))
         return;
-    const QVariantList ids = value.toList();
-    if (ids.isEmpty())
-        return;
-    // Items record in delivery order, so the topmost object comes first.
-    const int id = ids.first().toInt();
-    if (IZoGraphicsMapObject* object = m_graphics->LookupGraphicObject(id))
+    // Items record in delivery order, so the topmost object comes first; the
+    // edit gadgets' handles (marked by user data role 0) are not the map's.
+    for (const QVariant& pressed : value.toList())
     {
+        const int id = pressed.toInt();
+        IZoGraphicsMapObject* object = m_graphics->LookupGraphicObject(id);
+        if (!object || object->GetUserData(0).toBool())
+            continue;
         const QString objectName = ConvertStdStringToQString(object->GetName(), ZoGraphicsConstantNS::STR_CODE_PAGE);
         m_selectionLabel->setText(QStringLiteral("%1 %2 (id %3)")
                                       .arg(objectName, object->GetProperty("name_en").toString())
                                       .arg(id));
+        return;
     }
 }
 

@@ -47,6 +47,9 @@ void AddCapitalPins(CZoGraphicsModule& graphics, const QString& dataDir)
     if (!layer)
         return;
     layer->SetMinLodLevel(3);
+    // At level 3 the names of Brussels, Amsterdam and their neighbours would overlap.
+    if (auto* declutter = dynamic_cast<IZoLabelDeclutter*>(layer))
+        declutter->SetLabelDeclutter(true);
     const std::string icon = ToGB18030(dataDir + QStringLiteral("/demo/pin.png"));
     for (const SCapital& capital : capitals)
     {

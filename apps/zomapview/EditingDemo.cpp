@@ -5,6 +5,8 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace
 {
@@ -27,6 +30,42 @@ CVector3D Shifted(const CVector3D& p, const CVector3D& by)
 double Fraction(double v, double from, double to)
 {
     return to == from ? 0.5 : (v - from) / (to - from);
+}
+
+// v at the same fraction of [toLow, toHigh] as it lies in [from, to].
+double Along(double v, double from, double to, double toLow, double toHigh)
+{
+    return toLow + Fraction(v, from, to) * (toHigh - toLow);
+}
+
+double SizeRatio(double now, double before)
+{
+    return before == 0.0 ? 1.0 : std::abs(now / before);
+}
+
+// Turns p about centre (scene pixels) clockwise on the screen, as Qt turns
+// items; p stays as it was when the map cannot convert it.
+void TurnOnScreen(const CZoMapModule* map, const QPointF& centre, double degrees, CVector3D* p)
+{
+    QPointF s;
+    if (!map || !map->GeoToScenePoint(p->x, p->y, &s))
+        return;
+    const double r = degrees * M_PI / 180.0;
+    const QPointF d = s - centre;
+    const QPointF turned(centre.x() + d.x() * std::cos(r) - d.y() * std::sin(r),
+                         centre.y() + d.x() * std::sin(r) + d.y() * std::cos(r));
+    double lon = 0.0;
+    double lat = 0.0;
+    if (map->ScenePointToGeo(turned, &lon, &lat))
+        *p = CVector3D(lon, lat, p->z);
+}
+
+QAction* AddStepAction(QMenu* menu, const QString& text, const QKeySequence& keys, bool enabled)
+{
+    QAction* action = menu->addAction(text);
+    action->setShortcut(keys);
+    action->setEnabled(enabled);
+    return action;
 }
 
 // One completed gesture: the object's geometry before and after it.
@@ -76,6 +115,9 @@ CViewerEditor::CViewerEditor(CZoGraphicsModule& graphics, CZoMapView& view, QObj
         m_hint->SetVisible(false);
     }
     connect(&view, &CZoMapView::sceneEvent, this, &CViewerEditor::OnSceneEvent);
+    connect(&view, &CZoMapView::pointerGeoChanged, this, &CViewerEditor::OnPointer);
+    view.installEventFilter(this);
+    view.viewport()->installEventFilter(this);
 }
 
 CViewerEditor::~CViewerEditor()
@@ -124,19 +166,42 @@ void CViewerEditor::InstallActions(QMainWindow* window)
         connect(action, &QAction::triggered, this, [this, tool] { SetTool(static_cast<ETool>(tool)); });
     }
     QMenu* edit = window->menuBar()->addMenu(tr("&Edit"));
-    QAction* undo = m_undo.createUndoAction(this, tr("&Undo"));
-    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
-    QAction* redo = m_undo.createRedoAction(this, tr("&Redo"));
-    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-    edit->addAction(undo);
-    edit->addAction(redo);
+    QAction* undo = AddStepAction(edit, tr("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), m_undo.canUndo());
+    QAction* redo = AddStepAction(edit, tr("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), m_undo.canRedo());
+    connect(undo, &QAction::triggered, this, &CViewerEditor::Undo);
+    connect(redo, &QAction::triggered, this, &CViewerEditor::Redo);
+    connect(&m_undo, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(&m_undo, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    connect(&m_undo, &QUndoStack::undoTextChanged, undo,
+            [undo](const QString& step) { undo->setText(tr("&Undo %1").arg(step).trimmed()); });
+    connect(&m_undo, &QUndoStack::redoTextChanged, redo,
+            [redo](const QString& step) { redo->setText(tr("&Redo %1").arg(step).trimmed()); });
+}
+
+void CViewerEditor::Undo()
+{
+    if (m_gesture)
+        AttachGadget();
+    m_undo.undo();
+}
+
+void CViewerEditor::Redo()
+{
+    if (m_gesture)
+        AttachGadget();
+    m_undo.redo();
 }
 
 void CViewerEditor::OnSceneEvent(const QString& name, const QVariant& value)
 {
     if (name != QString::fromStdString(ZoGraphicsConstantNS::STR_SCENE_MOUSE_PRESS))
         return;
-    for (const QVariant& id : value.toList())
+    const QVariantList ids = value.toList();
+    m_pressedId = ids.isEmpty() ? -1 : ids.first().toInt();
+    // A handle's press is its gadget's, whatever editable object lies under it.
+    if (IsHandle(m_pressedId))
+        return;
+    for (const QVariant& id : ids)
     {
         for (IZoGraphicsMapObject* object : m_editables)
         {
@@ -149,8 +214,83 @@ void CViewerEditor::OnSceneEvent(const QString& name, const QVariant& value)
     }
 }
 
+bool CViewerEditor::IsHandle(int objectId) const
+{
+    return std::any_of(m_gadgets.begin(), m_gadgets.end(), [objectId](const IZoGraphicsEditObject* gadget) {
+        return gadget && gadget->IsEditObjectHandle(objectId);
+    });
+}
+
+int CViewerEditor::PressedSegment() const
+{
+    auto* line = dynamic_cast<IZoPolylineMapObject*>(m_selected);
+    auto* handle = dynamic_cast<IZoDotMapObject*>(m_graphics.LookupGraphicObject(m_pressedId));
+    const IZoGraphicsEditObject* vertices = m_gadgets[kVertices];
+    if (!line || !handle || !vertices || !vertices->IsEditObjectHandle(m_pressedId))
+        return -1;
+    const std::vector<CVector3D> points = line->GetData();
+    const CVector3D at = handle->GetPosition();
+    const int count = static_cast<int>(points.size());
+    if (std::find(points.begin(), points.end(), at) != points.end())
+        return -1; // a vertex's own handle
+    // Midpoint handles sit halfway along their segments.
+    const int segments = line->IsClosed() && count >= 3 ? count : count - 1;
+    int nearest = -1;
+    double best = std::numeric_limits<double>::infinity();
+    for (int i = 0; i < segments; ++i)
+    {
+        const CVector3D& a = points[i];
+        const CVector3D& b = points[(i + 1) % count];
+        const double distance = std::hypot((a.x + b.x) * 0.5 - at.x, (a.y + b.y) * 0.5 - at.y);
+        if (distance < best)
+        {
+            best = distance;
+            nearest = i;
+        }
+    }
+    return nearest;
+}
+
+void CViewerEditor::OnPointer(bool valid, double lon, double lat)
+{
+    auto* line = dynamic_cast<IZoPolylineMapObject*>(m_selected);
+    if (!valid || !m_gesture || m_insertAt < 0 || !line)
+        return;
+    // Within the drag distance the press is still a click, which inserts at the midpoint.
+    if (!m_previewed && (m_pointerPixel - m_pressPixel).manhattanLength() < QApplication::startDragDistance())
+        return;
+    CVector3D to(lon, lat, 0.0);
+    Snap(&to);
+    if (m_previewed)
+        line->Modify(m_insertAt, to);
+    else
+        line->Insert(m_insertAt, to);
+    m_previewed = true;
+    // The gadget left its handle under the pointer: it shows where the point goes.
+    if (auto* handle = dynamic_cast<IZoDotMapObject*>(m_graphics.LookupGraphicObject(m_pressedId)))
+        handle->SetPosition(to);
+}
+
+bool CViewerEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (watched == m_view.viewport() && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove))
+    {
+        m_pointerPixel = static_cast<QMouseEvent*>(event)->pos();
+        if (type == QEvent::MouseButtonPress)
+            m_pressPixel = m_pointerPixel;
+    }
+    // The gadget backs a midpoint drag out without telling its user.
+    else if (watched == &m_view && type == QEvent::KeyPress && m_insertAt >= 0 &&
+             static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        Cancel();
+    return false;
+}
+
 void CViewerEditor::AttachGadget()
 {
+    // Whatever gadget had the gesture goes away: back the gesture out.
+    Cancel();
     for (IZoGraphicsEditObject* gadget : m_gadgets)
     {
         if (gadget)
@@ -170,8 +310,11 @@ void CViewerEditor::AttachGadget()
 void CViewerEditor::Begin()
 {
     m_gesture = true;
+    m_insertAt = -1;
+    m_previewed = false;
     m_before = Capture(m_selected);
     m_startPosition = GetEditorPosition(nullptr);
+    m_pivot = GetEditorControlPoint(nullptr);
     m_startBox = GetEditorBoundingBox(nullptr);
     m_snap.Clear();
     for (IZoGraphicsMapObject* object : m_editables)
@@ -191,6 +334,8 @@ void CViewerEditor::Commit(const QString& text)
     if (!m_gesture || !m_selected)
         return;
     m_gesture = false;
+    m_insertAt = -1;
+    m_previewed = false;
     SShape after = Capture(m_selected);
     // A click on a handle completes a gesture that changed nothing.
     const auto same = [](const CVector3D& a, const CVector3D& b) { return a == b; };
@@ -207,6 +352,8 @@ void CViewerEditor::Cancel()
     if (m_gesture && m_selected)
         Apply(m_selected, m_before);
     m_gesture = false;
+    m_insertAt = -1;
+    m_previewed = false;
 }
 
 bool CViewerEditor::Snap(CVector3D* point)
@@ -239,6 +386,15 @@ CViewerEditor::SShape CViewerEditor::Capture(IZoGraphicsMapObject* object) const
         const EXTENT& e = shape.extent;
         shape.points = {CVector3D(e.xmin, e.ymin, 0), CVector3D(e.xmax, e.ymin, 0), CVector3D(e.xmax, e.ymax, 0),
                         CVector3D(e.xmin, e.ymax, 0)};
+        // The corners where it is drawn: turned about its centre on the screen.
+        const CZoMapModule* map = m_view.GetMapModule();
+        const CVector3D c = rect->GetCenter();
+        QPointF centre;
+        if (shape.rotation != 0.0 && map && map->GeoToScenePoint(c.x, c.y, &centre))
+        {
+            for (CVector3D& p : shape.points)
+                TurnOnScreen(map, centre, shape.rotation, &p);
+        }
     }
     else if (auto* dot = dynamic_cast<IZoDotMapObject*>(object))
     {
@@ -298,28 +454,18 @@ void CViewerEditor::Translate(const CVector3D& to)
     Apply(m_selected, shape);
 }
 
-void CViewerEditor::Rotate(double angle, double delta)
+void CViewerEditor::Rotate(double angle)
 {
     SShape shape = m_before;
     shape.rotation = angle;
-    // Lines turn their points about the control point, on the screen's grid so
-    // that the shape keeps its look at every latitude.
-    CZoMapModule* map = m_view.GetMapModule();
-    const CVector3D c = GetEditorControlPoint(nullptr);
+    // Lines turn their points about the pivot, on the screen's grid so that
+    // the shape keeps its look at every latitude.
+    const CZoMapModule* map = m_view.GetMapModule();
     QPointF centre;
-    if (dynamic_cast<IZoPolylineMapObject*>(m_selected) && map && map->GeoToScenePoint(c.x, c.y, &centre))
+    if (dynamic_cast<IZoPolylineMapObject*>(m_selected) && map && map->GeoToScenePoint(m_pivot.x, m_pivot.y, &centre))
     {
-        const double r = delta * M_PI / 180.0;
         for (CVector3D& p : shape.points)
-        {
-            QPointF s;
-            if (!map->GeoToScenePoint(p.x, p.y, &s))
-                continue;
-            const QPointF d = s - centre;
-            const QPointF turned(centre.x() + d.x() * std::cos(r) - d.y() * std::sin(r),
-                                 centre.y() + d.x() * std::sin(r) + d.y() * std::cos(r));
-            map->ScenePointToGeo(turned, &p.x, &p.y);
-        }
+            TurnOnScreen(map, centre, angle - m_before.rotation, &p);
     }
     Apply(m_selected, shape);
 }
@@ -336,9 +482,15 @@ CVector3D CViewerEditor::GetEditorPosition(IZoGraphicsEditObject*) const
     return m_selected ? CVector3D(box.Center().x, box.Center().y, 0.0) : CVector3D();
 }
 
-bool CViewerEditor::OnStartTranslation(IZoGraphicsEditObject*)
+bool CViewerEditor::OnStartTranslation(IZoGraphicsEditObject* editor)
 {
     Begin();
+    // The key-point set starts its drags here too; a midpoint's inserts a point.
+    if (editor && editor == m_gadgets[kVertices])
+    {
+        const int segment = PressedSegment();
+        m_insertAt = segment < 0 ? -1 : segment + 1;
+    }
     return false;
 }
 
@@ -372,7 +524,29 @@ double CViewerEditor::GetEditorRotation(IZoGraphicsEditObject*) const
 
 CVector3D CViewerEditor::GetEditorControlPoint(IZoGraphicsEditObject* editor) const
 {
-    return GetEditorPosition(editor);
+    if (auto* rect = dynamic_cast<IZoRectangleMapObject*>(m_selected))
+        return rect->GetCenter();
+    auto* line = dynamic_cast<IZoPolylineMapObject*>(m_selected);
+    const CZoMapModule* map = m_view.GetMapModule();
+    if (!line || !map)
+        return GetEditorPosition(editor);
+    // The vertices' mean on the screen stays put while they turn about it, so
+    // that one turn after another keeps the pivot (their box's centre moves).
+    QPointF sum;
+    int count = 0;
+    for (const CVector3D& p : line->GetData())
+    {
+        QPointF s;
+        if (map->GeoToScenePoint(p.x, p.y, &s))
+        {
+            sum += s;
+            ++count;
+        }
+    }
+    CVector3D pivot;
+    if (count == 0 || !map->ScenePointToGeo(sum / count, &pivot.x, &pivot.y))
+        return GetEditorPosition(editor);
+    return pivot;
 }
 
 bool CViewerEditor::OnStartRotation(IZoGraphicsEditObject*)
@@ -381,9 +555,9 @@ bool CViewerEditor::OnStartRotation(IZoGraphicsEditObject*)
     return false;
 }
 
-bool CViewerEditor::OnProcessRotation(IZoGraphicsEditObject*, double angle, double delta)
+bool CViewerEditor::OnProcessRotation(IZoGraphicsEditObject*, double angle, double)
 {
-    Rotate(angle, delta);
+    Rotate(angle);
     return false;
 }
 
@@ -395,7 +569,7 @@ bool CViewerEditor::OnBackoutRotation(IZoGraphicsEditObject*, double)
 
 bool CViewerEditor::OnCompleteRotation(IZoGraphicsEditObject*, double angle)
 {
-    Rotate(angle, angle - m_before.rotation);
+    Rotate(angle);
     Commit(tr("Rotate"));
     return false;
 }
@@ -421,11 +595,27 @@ bool CViewerEditor::OnProcessScaleBoundingBox(IZoGraphicsEditObject*, EXTENT& ex
     SShape shape = m_before;
     for (CVector3D& p : shape.points)
     {
-        p.x = extent.xmin + Fraction(p.x, from.xmin, from.xmax) * (extent.xmax - extent.xmin);
-        p.y = extent.ymin + Fraction(p.y, from.ymin, from.ymax) * (extent.ymax - extent.ymin);
+        p.x = Along(p.x, from.xmin, from.xmax, extent.xmin, extent.xmax);
+        p.y = Along(p.y, from.ymin, from.ymax, extent.ymin, extent.ymax);
     }
     shape.extent = EXTENT{std::min(extent.xmin, extent.xmax), std::min(extent.ymin, extent.ymax),
                           std::max(extent.xmin, extent.xmax), std::max(extent.ymin, extent.ymax)};
+    if (m_before.rotation != 0.0)
+    {
+        // A turned rectangle keeps its angle: its centre follows the box, and
+        // each side grows as the box's side it lies nearer to.
+        const EXTENT& e = m_before.extent;
+        double across = SizeRatio(extent.xmax - extent.xmin, from.xmax - from.xmin);
+        double down = SizeRatio(extent.ymax - extent.ymin, from.ymax - from.ymin);
+        const double turn = std::fmod(std::abs(m_before.rotation), 180.0);
+        if (turn > 45.0 && turn < 135.0)
+            std::swap(across, down);
+        const double cx = Along((e.xmin + e.xmax) * 0.5, from.xmin, from.xmax, extent.xmin, extent.xmax);
+        const double cy = Along((e.ymin + e.ymax) * 0.5, from.ymin, from.ymax, extent.ymin, extent.ymax);
+        const double halfWidth = (e.xmax - e.xmin) * 0.5 * across;
+        const double halfHeight = (e.ymax - e.ymin) * 0.5 * down;
+        shape.extent = EXTENT{cx - halfWidth, cy - halfHeight, cx + halfWidth, cy + halfHeight};
+    }
     if (!shape.points.empty())
         shape.position = shape.points.front();
     Apply(m_selected, shape);
@@ -466,7 +656,7 @@ bool CViewerEditor::OnProcessKeyPointChange(IZoGraphicsEditObject* editor, int i
     const bool snapped = Snap(&to);
     line->Modify(index, to);
     // The gadget shows the snapped point once it re-reads the line.
-    if (snapped)
+    if (snapped && editor)
         editor->UpdateEditor(0);
     return snapped;
 }
@@ -484,12 +674,21 @@ bool CViewerEditor::OnCompleteKeyPointChange(IZoGraphicsEditObject* editor, int 
     return snapped;
 }
 
-bool CViewerEditor::OnCompleteKeyPointInsert(IZoGraphicsEditObject*, int index, const CVector3D& point)
+bool CViewerEditor::OnCompleteKeyPointInsert(IZoGraphicsEditObject* editor, int index, const CVector3D& point)
 {
+    CVector3D to = point;
+    const bool snapped = Snap(&to);
     if (auto* line = dynamic_cast<IZoPolylineMapObject*>(m_selected))
-        line->Insert(index, point);
+    {
+        if (m_previewed)
+            line->Remove(m_insertAt);
+        line->Insert(index, to);
+    }
     Commit(tr("Insert vertex"));
-    return false;
+    // The gadget shows the snapped point once it re-reads the line.
+    if (snapped && editor)
+        editor->UpdateEditor(0);
+    return snapped;
 }
 
 bool CViewerEditor::OnCompleteKeyPointDelete(IZoGraphicsEditObject*, int index, const CVector3D&)

@@ -4,6 +4,7 @@
 #include <ZoGraphics/CZoVertexSnapIndex.h>
 
 #include <QObject>
+#include <QPoint>
 #include <QUndoStack>
 #include <QVariant>
 
@@ -22,8 +23,11 @@ class QMainWindow;
 // The viewer's editable user: a click selects one of the editable objects,
 // the current tool's gadget goes onto it, and every gesture the gadget
 // reports is applied to the object. A completed gesture becomes one undo
-// command; Escape backs a gesture out. Dragged points and the move ball snap
-// to the nearest vertex of another object within kSnapPixels.
+// command; Escape backs a gesture out, and so do Undo and Redo before they
+// step. Dragged points, inserted ones and the move ball snap to the nearest
+// vertex (a turned rectangle's turned corner) of another object within
+// kSnapPixels. A gesture works on the geometry it started from, so that a
+// turn about the start's pivot comes back exactly.
 class CViewerEditor : public QObject, public IZoGraphicsEditableUser
 {
     Q_OBJECT
@@ -54,6 +58,10 @@ public:
     IZoDotMapObject* GetSnapHint() const { return m_hint; }
     // The tool bar and the Edit menu with undo and redo.
     void InstallActions(QMainWindow* window);
+    // A gesture under way is backed out first: the step then undone or redone
+    // is a completed one, and the gadget's drag ends with it.
+    void Undo();
+    void Redo();
 
     CVector3D GetEditorPosition(IZoGraphicsEditObject* editor) const override;
     bool OnStartTranslation(IZoGraphicsEditObject* editor) override;
@@ -93,6 +101,13 @@ public:
 
 private:
     void OnSceneEvent(const QString& name, const QVariant& value);
+    // A new point follows the pointer while a midpoint handle is dragged.
+    void OnPointer(bool valid, double lon, double lat);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool IsHandle(int objectId) const;
+    // The segment whose midpoint handle was just pressed; -1 for any other handle.
+    int PressedSegment() const;
+    void EndGesture();
     void AttachGadget();
     void Begin();
     void Commit(const QString& text);
@@ -101,7 +116,9 @@ private:
     bool Snap(CVector3D* point);
     CAABB Bounds() const;
     void Translate(const CVector3D& to);
-    void Rotate(double angle, double delta);
+    // Turns the geometry at the gesture's start about its pivot by the change
+    // since the start.
+    void Rotate(double angle);
 
     CZoGraphicsModule& m_graphics;
     CZoMapView& m_view;
@@ -116,8 +133,16 @@ private:
     CZoVertexSnapIndex m_snap;
     SShape m_before;
     CVector3D m_startPosition;
+    CVector3D m_pivot;
     EXTENT m_startBox;
     bool m_gesture = false;
+    int m_pressedId = -1;
+    // The index a midpoint drag inserts at (-1: none), and whether the point
+    // is in the line yet.
+    int m_insertAt = -1;
+    bool m_previewed = false;
+    QPoint m_pressPixel;
+    QPoint m_pointerPixel;
 };
 
 // Editable shapes over Australia, selected with the vertex tool at start.

@@ -1,9 +1,9 @@
 #include "ViewerOptions.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <cmath>
-#include <cstring>
 
 namespace
 {
@@ -19,20 +19,6 @@ bool ParseNumberPair(const QString& text, QChar separator, double* first, double
     return okFirst && okSecond && std::isfinite(*first) && std::isfinite(*second);
 }
 } // namespace
-
-bool WantsHeadlessRender(int argc, char** argv)
-{
-    for (int i = 1; i < argc; ++i)
-    {
-        for (const char* option : {"--render", "--gallery"})
-        {
-            const std::size_t length = std::strlen(option);
-            if (std::strncmp(argv[i], option, length) == 0 && (argv[i][length] == '\0' || argv[i][length] == '='))
-                return true;
-        }
-    }
-    return false;
-}
 
 bool ParseViewerOptions(const QStringList& arguments, ViewerOptions* options, QString* error, QString* helpText)
 {
@@ -131,6 +117,15 @@ bool ParseViewerOptions(const QStringList& arguments, ViewerOptions* options, QS
         }
     }
     if (parser.isSet(dataOption))
+    {
+        // Without its files the map would show no land at all.
         options->dataDir = parser.value(dataOption);
+        if (!QFileInfo(options->dataDir + QStringLiteral("/countries-110m.geojson")).isFile())
+        {
+            *error = QStringLiteral("--data wants a folder holding countries-110m.geojson, got '%1'")
+                         .arg(options->dataDir);
+            return false;
+        }
+    }
     return true;
 }

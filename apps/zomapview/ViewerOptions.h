@@ -17,10 +17,6 @@ struct ViewerOptions
     bool helpRequested = false;
 };
 
-// True when the process must render headless (--render or --gallery); checked before any Qt
-// application exists, so that the offscreen platform can be chosen.
-bool WantsHeadlessRender(int argc, char** argv);
-
 // Parses the arguments (the first is the program). On failure returns false
 // and sets error to a one-line reason; helpText receives the usage either way.
 bool ParseViewerOptions(const QStringList& arguments, ViewerOptions* options, QString* error, QString* helpText);

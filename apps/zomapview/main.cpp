@@ -5,6 +5,7 @@
 #include <ZoGraphics/CZoMapView.h>
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImage>
 
@@ -27,24 +28,29 @@ QString ChooseDataDir(const ViewerOptions& options, const CZoMapView& view)
 
 int main(int argc, char** argv)
 {
-    if (WantsHeadlessRender(argc, argv))
+    ViewerOptions options;
+    {
+        // The GUI application needs a display: the command line is read
+        // before it exists, so that the help and a bad argument need none.
+        QCoreApplication reader(argc, argv);
+        QCoreApplication::setApplicationName(QStringLiteral("zomapview"));
+        QString error;
+        QString help;
+        if (!ParseViewerOptions(QCoreApplication::arguments(), &options, &error, &help))
+        {
+            std::fprintf(stderr, "zomapview: %s\n\n%s", qPrintable(error), qPrintable(help));
+            return 2;
+        }
+        if (options.helpRequested)
+        {
+            std::printf("%s", qPrintable(help));
+            return 0;
+        }
+    }
+    if (!options.renderPath.isEmpty() || !options.galleryDir.isEmpty())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zomapview"));
-
-    ViewerOptions options;
-    QString error;
-    QString help;
-    if (!ParseViewerOptions(QApplication::arguments(), &options, &error, &help))
-    {
-        std::fprintf(stderr, "zomapview: %s\n\n%s", qPrintable(error), qPrintable(help));
-        return 2;
-    }
-    if (options.helpRequested)
-    {
-        std::printf("%s", qPrintable(help));
-        return 0;
-    }
 
     CViewerWindow window;
     const QString dataDir = ChooseDataDir(options, *window.MapView());
@@ -53,6 +59,7 @@ int main(int argc, char** argv)
     if (!options.galleryDir.isEmpty())
     {
         QStringList written;
+        QString error;
         const bool ok = WriteGallery(options.galleryDir, window.MapView()->GetBasemapDataDir(), &written, &error);
         for (const QString& path : written)
             std::printf("%s\n", qPrintable(path));

@@ -102,16 +102,5 @@ TEST(ViewerGalleryTest, CommandLine)
     ViewerOptions empty;
     EXPECT_FALSE(parse({QStringLiteral("--gallery=")}, &empty, &error));
 
-    // Both headless options choose the offscreen platform, with or without
-    // '='; options that merely start alike do not.
-    const auto headless = [](std::vector<const char*> arguments) {
-        arguments.insert(arguments.begin(), "zomapview");
-        return WantsHeadlessRender(int(arguments.size()), const_cast<char**>(arguments.data()));
-    };
-    EXPECT_TRUE(headless({"--zoom", "3", "--gallery", "kinds"}));
-    EXPECT_TRUE(headless({"--gallery=kinds"}));
-    EXPECT_TRUE(headless({"--render", "a.png"}));
-    EXPECT_TRUE(headless({"--render=a.png"}));
-    EXPECT_FALSE(headless({"--galleryx", "--renderer", "--zoom", "3"}));
 }
 } // namespace

@@ -1,6 +1,12 @@
 # cmake -P script: runs zomapview with ZO_ARGS ('|'-separated) and checks its
-# exit code, optionally a text on stderr and the size of the PNG it wrote.
+# exit code, optionally a text on stdout or stderr and the size of the PNG it
+# wrote; ZO_NO_DISPLAY runs it with neither a display nor a platform chosen.
 string(REPLACE "|" ";" _args "${ZO_ARGS}")
+if(ZO_NO_DISPLAY)
+    unset(ENV{DISPLAY})
+    unset(ENV{WAYLAND_DISPLAY})
+    unset(ENV{QT_QPA_PLATFORM})
+endif()
 execute_process(COMMAND ${ZO_VIEWER} ${_args}
     RESULT_VARIABLE _result OUTPUT_VARIABLE _out ERROR_VARIABLE _err)
 if(NOT "${_result}" STREQUAL "${ZO_EXPECT_EXIT}")
@@ -8,6 +14,9 @@ if(NOT "${_result}" STREQUAL "${ZO_EXPECT_EXIT}")
 endif()
 if(DEFINED ZO_EXPECT_ERROR AND NOT _err MATCHES "${ZO_EXPECT_ERROR}")
     message(FATAL_ERROR "stderr lacks '${ZO_EXPECT_ERROR}':\n${_err}")
+endif()
+if(DEFINED ZO_EXPECT_OUTPUT AND NOT _out MATCHES "${ZO_EXPECT_OUTPUT}")
+    message(FATAL_ERROR "stdout lacks '${ZO_EXPECT_OUTPUT}':\n${_out}")
 endif()
 if(DEFINED ZO_EXPECT_PNG)
     # PNG signature, then the IHDR chunk with width and height (big endian).
