@@ -138,6 +138,8 @@ void CViewerEditor::Select(IZoGraphicsMapObject* object)
 {
     if (object == m_selected)
         return;
+    // A gesture under way goes back onto the object it began on.
+    Cancel();
     m_selected = object;
     AttachGadget();
 }
