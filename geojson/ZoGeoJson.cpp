@@ -59,7 +59,6 @@ constexpr const char* kCoordinates = "坐标缺失或非数值";
 constexpr const char* kShortRing = "环少于3个点";
 constexpr const char* kFlatRing = "环面积为零";
 constexpr const char* kOffMap = "坐标超出地图范围";
-constexpr const char* kLostExterior = "外环已丢弃";
 constexpr const char* kNotCreated = "对象创建失败";
 } // namespace Fault
 
@@ -210,9 +209,10 @@ struct SGeometry
 
 // Rings come closed; the objects close them themselves. A ring that encloses
 // nothing (fewer than three corners, or no area) or that the map cannot place
-// is dropped alone, and the holes of a dropped exterior with it (alone, they
-// would be filled); only positions that are missing or not numbers spoil the
-// whole geometry.
+// is dropped alone; only positions that are missing or not numbers spoil the
+// whole geometry. The rings after a dropped exterior stay: under the odd-even
+// fill they still read as the data draws them (Natural Earth's Antarctica is
+// a flat line along the pole "around" its coast).
 template <typename Value>
 bool ReadPolygon(const Value& value, int polygon, const CMapRange& range, SGeometry* out)
 {
@@ -226,11 +226,10 @@ bool ReadPolygon(const Value& value, int polygon, const CMapRange& range, SGeome
             return false;
         if (ring->size() > 1 && ring->front().x == ring->back().x && ring->front().y == ring->back().y)
             ring->pop_back();
-        const char* fault = i > 0 && kept == 0      ? Fault::kLostExterior
-                            : !range.Contains(*ring) ? Fault::kOffMap
-                            : ring->size() < 3       ? Fault::kShortRing
-                            : IsFlat(*ring)          ? Fault::kFlatRing
-                                                     : nullptr;
+        const char* fault = !range.Contains(*ring) ? Fault::kOffMap
+                            : ring->size() < 3     ? Fault::kShortRing
+                            : IsFlat(*ring)        ? Fault::kFlatRing
+                                                   : nullptr;
         if (fault)
         {
             out->dropped.push_back({polygon, i, fault});

@@ -57,9 +57,9 @@ struct SZoGeoJsonLoadResult
 /// all of them on one line) or holds a position off the map is dropped alone
 /// with the warning "[CZoGeoJsonReader::Load] 要素", the feature index,
 /// "多边形", the polygon index (0 for a Polygon), "环", the ring index,
-/// "已丢弃: " and its reason (环少于3个点, 环面积为零 or 坐标超出地图范围); the
-/// holes of a dropped exterior go with it (reason 外环已丢弃). The rest of the
-/// feature loads.
+/// "已丢弃: " and its reason (环少于3个点, 环面积为零 or 坐标超出地图范围). The
+/// rest of the feature loads; the ring after a dropped exterior leads its
+/// polygon when written.
 ///
 /// A feature is skipped with the warning "[CZoGeoJsonReader::Load] 要素",
 /// its index, "无效: " and one of these reasons:

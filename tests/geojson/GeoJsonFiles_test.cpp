@@ -61,8 +61,9 @@ TEST_F(GeoJsonFiles, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
     const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("degenerate_rings.geojson"));
     EXPECT_EQ(result.skipped, 1);
     EXPECT_EQ(log.Messages(), (Messages{kAt + "0多边形1环0已丢弃: 环少于3个点", kAt + "0多边形2环0已丢弃: 环面积为零",
-                                        kAt + "1无效: 环面积为零", kAt + "2多边形0环1已丢弃: 环面积为零"}));
-    ASSERT_EQ(result.objects.size(), 2u);
+                                        kAt + "1多边形0环0已丢弃: 环面积为零", kAt + "2多边形0环1已丢弃: 环面积为零",
+                                        kAt + "3无效: 环面积为零"}));
+    ASSERT_EQ(result.objects.size(), 3u);
     auto* italy = dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[0]);
     ASSERT_NE(italy, nullptr);
     EXPECT_EQ(RingsOf(italy), (Rings{{{6, 36, 0}, {19, 36, 0}, {19, 47, 0}, {6, 47, 0}},
@@ -71,7 +72,10 @@ TEST_F(GeoJsonFiles, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
     // San Marino is still a hole (the fake map draws 10 px a degree, north up).
     EXPECT_FALSE(italy->GetQtItem()->contains(italy->GetQtItem()->mapFromScene(QPointF(122.5, -437.5))));
     EXPECT_TRUE(italy->GetQtItem()->contains(italy->GetQtItem()->mapFromScene(QPointF(100, -400))));
-    EXPECT_EQ(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[1])->GetPolygonNumber(), 1);
+    // The ring after a flat exterior along the pole stays, and is land.
+    EXPECT_EQ(RingsOf(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[1])),
+              (Rings{{{-180, -80, 0}, {180, -80, 0}, {180, -70, 0}}}));
+    EXPECT_EQ(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[2])->GetPolygonNumber(), 1);
     // Written back as two polygons, the first with its hole.
     const QJsonObject geometry = Features(WriteGeoJson({italy})).at(0).toObject().value("geometry").toObject();
     EXPECT_EQ(geometry.value("type").toString(), "MultiPolygon");
