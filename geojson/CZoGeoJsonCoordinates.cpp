@@ -88,9 +88,9 @@ QByteArray CZoGeoJsonCoordinates::Extract(const QByteArray& json)
     const char* end = begin + json.size();
     const char* copied = begin;
     QByteArray out;
-    // About one node for every five bytes of coordinates.
-    m_nodes.reserve(static_cast<std::size_t>(json.size() / 5));
-    m_children.reserve(static_cast<std::size_t>(json.size() / 5));
+    // The nodes grow with the coordinates found: reserving from the text's
+    // length would ask for gigabytes for text that holds none (zeros, or
+    // one long string).
     std::vector<SFrame> stack;
     std::string_view lastString;
     for (const char* p = begin; p < end;)

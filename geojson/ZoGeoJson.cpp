@@ -5,8 +5,10 @@
 
 #include "object/ZoLogText.h"
 
+#include <ZoGraphics/CZoGraphicsModule.h>
 #include <ZoGraphics/IZoDotMapObject.h>
 #include <ZoGraphics/IZoGraphicsModule.h>
+#include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/IZoMultiDotMapObject.h>
 #include <ZoGraphics/IZoMultiLineMapObject.h>
 #include <ZoGraphics/IZoMultiPolygonMapObject.h>
@@ -14,13 +16,17 @@
 #include <ZoGraphics/IZoPolylineMapObject.h>
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
+#include <ZoGraphics/ZoTileModel.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
+#include <algorithm>
 #include <cmath>
+#include <new>
 #include <optional>
 
 namespace
@@ -30,18 +36,29 @@ using Lines = std::vector<Line>;
 
 constexpr const char* kReader = "CZoGeoJsonReader";
 // Properties the loader leaves on an object so that writing it gives back
-// what was read: the feature's property keys, and how many rings each
-// polygon of a multi-polygon had.
+// what was read: the feature's property keys, how many rings each polygon of
+// a multi-polygon kept, the feature's "id" and "bbox" members, and whether
+// it came without geometry.
 constexpr const char* kPropertyKeys = "GeoJSON.PropertyKeys";
 constexpr const char* kPolygonRings = "GeoJSON.PolygonRings";
+constexpr const char* kFeatureId = "GeoJSON.Id";
+constexpr const char* kFeatureBox = "GeoJSON.BBox";
+constexpr const char* kNoGeometry = "GeoJSON.NullGeometry";
 
-// What is wrong with a feature, for its warning.
+// The most text one load reads: 256 MiB, ten times the finest world-wide
+// country files. A load peaks at about eight times its text (the 50m
+// countries: 2.2 MB of text, 18 MB), so this keeps it near two gigabytes.
+constexpr qint64 kMaxTextBytes = qint64(256) << 20;
+
+// What is wrong with a feature or one of its rings, for its warning.
 namespace Fault
 {
 constexpr const char* kNotFeature = "不是Feature对象";
 constexpr const char* kGeometryType = "几何类型不支持";
 constexpr const char* kCoordinates = "坐标缺失或非数值";
 constexpr const char* kShortRing = "环少于3个点";
+constexpr const char* kFlatRing = "环面积为零";
+constexpr const char* kOffMap = "坐标超出地图范围";
 constexpr const char* kNotCreated = "对象创建失败";
 } // namespace Fault
 
@@ -61,6 +78,65 @@ private:
     QJsonValue m_value;
     QJsonArray m_array;
 };
+
+// Whether the map can place a position: a latitude on the earth, pixels the
+// tile model gives even at its deepest level (where they are largest, so a
+// position placed there is placed at every level) and pixels the host's own
+// conversion gives. A position past them would be drawn at the scene's
+// origin.
+class CMapRange
+{
+public:
+    explicit CMapRange(IZoGraphicsModule* module)
+    {
+        if (const auto* own = dynamic_cast<const CZoGraphicsModule*>(module))
+            m_map = own->GetMapModule();
+        m_tiles = m_map ? ITileModel::GetTileModel(m_map->GetTileModelKind(), true) : nullptr;
+        m_deepest = m_tiles ? m_tiles->GetMaxLevel() : 0;
+    }
+
+    bool Contains(const Line& line) const
+    {
+        return std::all_of(line.begin(), line.end(), [this](const CVector3D& p) { return Contains(p); });
+    }
+
+private:
+    bool Contains(const CVector3D& p) const
+    {
+        int px = 0;
+        int py = 0;
+        return std::abs(p.y) <= 90.0 && (!m_tiles || m_tiles->ConvertGeoToPixel(&px, &py, m_deepest, p.x, p.y)) &&
+               (!m_map || m_map->ConvertSceneToPixel(&px, &py, p.x, p.y));
+    }
+
+    IZoMapModule* m_map = nullptr;
+    CTileModel* m_tiles = nullptr;
+    int m_deepest = 0;
+};
+
+// Twice the signed area of a ring in the plane of longitude and latitude,
+// positive when it runs counter-clockwise. Taken about the first position,
+// which keeps the digits of rings far from the origin.
+double TwiceSignedArea(const Line& ring)
+{
+    double sum = 0.0;
+    for (std::size_t i = 1; i + 1 < ring.size(); ++i)
+    {
+        const CVector3D& o = ring.front();
+        sum += (ring[i].x - o.x) * (ring[i + 1].y - o.y) - (ring[i + 1].x - o.x) * (ring[i].y - o.y);
+    }
+    return sum;
+}
+
+// No area beyond rounding: every position on one line.
+bool IsFlat(const Line& ring)
+{
+    const auto [left, right] =
+        std::minmax_element(ring.begin(), ring.end(), [](const CVector3D& a, const CVector3D& b) { return a.x < b.x; });
+    const auto [bottom, top] =
+        std::minmax_element(ring.begin(), ring.end(), [](const CVector3D& a, const CVector3D& b) { return a.y < b.y; });
+    return std::abs(TwiceSignedArea(ring)) <= 1e-12 * (right->x - left->x) * (top->y - bottom->y);
+}
 
 template <typename Value>
 std::optional<CVector3D> ReadPosition(const Value& a)
@@ -99,45 +175,6 @@ std::optional<Line> ReadPositions(const Value& a, int minimum)
     return line;
 }
 
-// Rings come closed; the objects close them themselves.
-template <typename Value>
-bool ReadRing(const Value& value, Line* ring, const char** fault)
-{
-    std::optional<Line> points = ReadPositions(value, 0);
-    if (!points)
-    {
-        *fault = Fault::kCoordinates;
-        return false;
-    }
-    if (points->size() > 1 && points->front().x == points->back().x && points->front().y == points->back().y)
-        points->pop_back();
-    if (points->size() < 3)
-    {
-        *fault = Fault::kShortRing;
-        return false;
-    }
-    *ring = std::move(*points);
-    return true;
-}
-
-template <typename Value>
-bool ReadPolygon(const Value& value, Lines* rings, const char** fault)
-{
-    if (!value.isArray() || value.size() == 0)
-    {
-        *fault = Fault::kCoordinates;
-        return false;
-    }
-    for (int i = 0; i < value.size(); ++i)
-    {
-        Line ring;
-        if (!ReadRing(value.at(i), &ring, fault))
-            return false;
-        rings->push_back(std::move(ring));
-    }
-    return true;
-}
-
 template <typename Value>
 bool ReadLines(const Value& value, Lines* lines)
 {
@@ -153,16 +190,62 @@ bool ReadLines(const Value& value, Lines* lines)
     return true;
 }
 
+// A ring left out of a feature that keeps others, and why.
+struct SDroppedRing
+{
+    int polygon = 0;
+    int ring = 0;
+    const char* fault = nullptr;
+};
+
 // One feature's geometry, read before any object is made.
 struct SGeometry
 {
-    enum class Kind { Point, MultiPoint, LineString, MultiLineString, Rings } kind = Kind::Point;
+    enum class Kind { None, Point, MultiPoint, LineString, MultiLineString, Rings } kind = Kind::None;
     Lines lines;
     QVariantList ringsPerPolygon;
+    std::vector<SDroppedRing> dropped;
 };
 
+// Rings come closed; the objects close them themselves. A ring that encloses
+// nothing (fewer than three corners, or no area) or that the map cannot place
+// is dropped alone; only positions that are missing or not numbers spoil the
+// whole geometry. The rings after a dropped exterior stay: under the odd-even
+// fill they still read as the data draws them (Natural Earth's Antarctica is
+// a flat line along the pole "around" its coast).
 template <typename Value>
-bool ReadCoordinates(const QString& type, const Value& coordinates, SGeometry* out, const char** fault)
+bool ReadPolygon(const Value& value, int polygon, const CMapRange& range, SGeometry* out)
+{
+    if (!value.isArray() || value.size() == 0)
+        return false;
+    int kept = 0;
+    for (int i = 0; i < value.size(); ++i)
+    {
+        std::optional<Line> ring = ReadPositions(value.at(i), 0);
+        if (!ring)
+            return false;
+        if (ring->size() > 1 && ring->front().x == ring->back().x && ring->front().y == ring->back().y)
+            ring->pop_back();
+        const char* fault = !range.Contains(*ring) ? Fault::kOffMap
+                            : ring->size() < 3     ? Fault::kShortRing
+                            : IsFlat(*ring)        ? Fault::kFlatRing
+                                                   : nullptr;
+        if (fault)
+        {
+            out->dropped.push_back({polygon, i, fault});
+            continue;
+        }
+        out->lines.push_back(std::move(*ring));
+        ++kept;
+    }
+    if (kept > 0)
+        out->ringsPerPolygon.append(kept);
+    return true;
+}
+
+template <typename Value>
+bool ReadCoordinates(const QString& type, const Value& coordinates, const CMapRange& range, SGeometry* out,
+                     const char** fault)
 {
     *fault = Fault::kCoordinates;
     if (type == "Point")
@@ -172,9 +255,8 @@ bool ReadCoordinates(const QString& type, const Value& coordinates, SGeometry* o
         if (!p)
             return false;
         out->lines = {{*p}};
-        return true;
     }
-    if (type == "MultiPoint" || type == "LineString")
+    else if (type == "MultiPoint" || type == "LineString")
     {
         const bool line = type == "LineString";
         out->kind = line ? SGeometry::Kind::LineString : SGeometry::Kind::MultiPoint;
@@ -182,49 +264,49 @@ bool ReadCoordinates(const QString& type, const Value& coordinates, SGeometry* o
         if (!points)
             return false;
         out->lines = {std::move(*points)};
-        return true;
     }
-    if (type == "MultiLineString")
+    else if (type == "MultiLineString")
     {
         out->kind = SGeometry::Kind::MultiLineString;
-        return ReadLines(coordinates, &out->lines);
+        if (!ReadLines(coordinates, &out->lines))
+            return false;
     }
-    if (type == "Polygon")
+    else if (type == "Polygon" || type == "MultiPolygon")
     {
         out->kind = SGeometry::Kind::Rings;
-        if (!ReadPolygon(coordinates, &out->lines, fault))
+        const bool multi = type == "MultiPolygon";
+        if (multi && (!coordinates.isArray() || coordinates.size() == 0))
             return false;
-        out->ringsPerPolygon = {static_cast<int>(out->lines.size())};
-        return true;
-    }
-    if (type == "MultiPolygon")
-    {
-        out->kind = SGeometry::Kind::Rings;
-        if (!coordinates.isArray() || coordinates.size() == 0)
-            return false;
-        for (int i = 0; i < coordinates.size(); ++i)
-        {
-            const std::size_t before = out->lines.size();
-            if (!ReadPolygon(coordinates.at(i), &out->lines, fault))
+        for (int i = 0; i < (multi ? coordinates.size() : 1); ++i)
+            if (!ReadPolygon(multi ? coordinates.at(i) : coordinates, i, range, out))
                 return false;
-            out->ringsPerPolygon.append(static_cast<int>(out->lines.size() - before));
+        // With no ring left the feature goes, for its first ring's fault.
+        if (out->lines.empty())
+        {
+            *fault = out->dropped.front().fault;
+            return false;
         }
         return true;
     }
-    *fault = Fault::kGeometryType;
-    return false;
+    else
+    {
+        *fault = Fault::kGeometryType;
+        return false;
+    }
+    *fault = Fault::kOffMap;
+    return std::all_of(out->lines.begin(), out->lines.end(), [&range](const Line& l) { return range.Contains(l); });
 }
 
 // The coordinates come from the text directly where they were cut out of it.
-bool ReadGeometry(const QJsonObject& geometry, int feature, const CZoGeoJsonCoordinates& extracted, SGeometry* out,
-                  const char** fault)
+bool ReadGeometry(const QJsonObject& geometry, int feature, const CZoGeoJsonCoordinates& extracted,
+                  const CMapRange& range, SGeometry* out, const char** fault)
 {
     const QString type = geometry.value("type").toString();
     const QJsonValue coordinates = geometry.value("coordinates");
     int root = -1;
     if (coordinates.isString() && extracted.Lookup(coordinates.toString(), feature, &root))
-        return ReadCoordinates(type, extracted.Value(root), out, fault);
-    return ReadCoordinates(type, CJsonValue(coordinates), out, fault);
+        return ReadCoordinates(type, extracted.Value(root), range, out, fault);
+    return ReadCoordinates(type, CJsonValue(coordinates), range, out, fault);
 }
 
 IZoGraphicsMapObject* Create(IZoGraphicsModule* module, IZoGraphicsMapLayer* layer, const std::string& name,
@@ -232,6 +314,15 @@ IZoGraphicsMapObject* Create(IZoGraphicsModule* module, IZoGraphicsMapLayer* lay
 {
     switch (g.kind)
     {
+    case SGeometry::Kind::None:
+        // A feature without geometry (RFC 7946 allows it) keeps its place and
+        // its properties in a multi-dot without dots.
+        if (IZoMultiDotMapObject* none = module->CreateMultiDotMapObject(name, layer))
+        {
+            none->SetProperty(kNoGeometry, true);
+            return none;
+        }
+        return nullptr;
     case SGeometry::Kind::Point:
         if (IZoDotMapObject* dot = module->CreateDotMapObject(name, layer))
         {
@@ -278,6 +369,12 @@ void LogFeatureFault(int index, const char* fault)
     ZoLogWarnAt(kReader, "Load") << "要素" << index << "无效: " << fault;
 }
 
+void LogDroppedRing(int index, const SDroppedRing& dropped)
+{
+    ZoLogWarnAt(kReader, "Load") << "要素" << index << "多边形" << dropped.polygon << "环" << dropped.ring
+                                 << "已丢弃: " << dropped.fault;
+}
+
 // --- writing --------------------------------------------------------------------------
 
 QJsonArray Position(const CVector3D& p)
@@ -296,11 +393,20 @@ QJsonArray Positions(const Line& line)
     return a;
 }
 
-QJsonArray Ring(const Line& ring)
+// Closed, an exterior counter-clockwise and a hole clockwise (the right-hand
+// rule of RFC 7946), however it was read or drawn. A reversed ring keeps its
+// first position.
+QJsonArray Ring(const Line& ring, bool exterior)
 {
-    QJsonArray a = Positions(ring);
-    if (!ring.empty())
-        a.append(Position(ring.front()));
+    QJsonArray a;
+    if (ring.empty())
+        return a;
+    const double area = TwiceSignedArea(ring);
+    const bool reverse = exterior ? area < 0.0 : area > 0.0;
+    a.append(Position(ring.front()));
+    for (std::size_t i = 1; i < ring.size(); ++i)
+        a.append(Position(ring[reverse ? ring.size() - i : i]));
+    a.append(Position(ring.front()));
     return a;
 }
 
@@ -329,7 +435,7 @@ QJsonObject RingsGeometry(IZoMultiPolygonMapObject* rings)
     {
         QJsonArray polygon;
         for (int k = 0; k < g.toInt(); ++k)
-            polygon.append(Ring(rings->GetPolygonData(next++)));
+            polygon.append(Ring(rings->GetPolygonData(next++), k == 0));
         polygons.append(polygon);
     }
     if (polygons.size() == 1)
@@ -337,16 +443,22 @@ QJsonObject RingsGeometry(IZoMultiPolygonMapObject* rings)
     return Geometry("MultiPolygon", polygons);
 }
 
-std::optional<QJsonObject> GeometryOf(IZoGraphicsMapObject* object)
+// Null for a feature read without geometry and still without dots.
+std::optional<QJsonValue> GeometryOf(IZoGraphicsMapObject* object)
 {
     if (auto* dot = dynamic_cast<IZoDotMapObject*>(object))
         return Geometry("Point", Position(dot->GetPosition()));
     if (auto* dots = dynamic_cast<IZoMultiDotMapObject*>(object))
-        return Geometry("MultiPoint", Positions(dots->GetData()));
+    {
+        const Line points = dots->GetData();
+        if (points.empty() && dots->GetProperty(kNoGeometry).toBool())
+            return QJsonValue();
+        return Geometry("MultiPoint", Positions(points));
+    }
     if (auto* line = dynamic_cast<IZoPolylineMapObject*>(object))
         return Geometry("LineString", Positions(line->GetDataRef()));
     if (auto* polygon = dynamic_cast<IZoPolygonMapObject*>(object))
-        return Geometry("Polygon", QJsonArray{Ring(polygon->GetDataRef())});
+        return Geometry("Polygon", QJsonArray{Ring(polygon->GetDataRef(), true)});
     if (auto* lines = dynamic_cast<IZoMultiLineMapObject*>(object))
     {
         QJsonArray all;
@@ -358,18 +470,12 @@ std::optional<QJsonObject> GeometryOf(IZoGraphicsMapObject* object)
         return RingsGeometry(rings);
     return std::nullopt;
 }
-} // namespace
 
-namespace ZoGeoJsonNS
+// Objects are made as their features are read, and what was made before an
+// allocation failed stays in the result.
+void Load(IZoGraphicsModule* module, IZoGraphicsMapLayer* layer, const QByteArray& json,
+          ZoGeoJsonNS::SZoGeoJsonLoadResult* result)
 {
-SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer* layer, const QByteArray& json)
-{
-    SZoGeoJsonLoadResult result;
-    if (!module)
-    {
-        ZoLogWarnAt(kReader, "Load") << ZoLogReason::kArgumentNull;
-        return result;
-    }
     CZoGeoJsonCoordinates extracted;
     QJsonParseError error;
     QJsonDocument document = QJsonDocument::fromJson(extracted.Extract(json), &error);
@@ -383,31 +489,34 @@ SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer*
     {
         ZoLogWarnAt(kReader, "Load") << "JSON解析失败, 偏移: " << error.offset << " ("
                                      << error.errorString().toStdString() << ")";
-        return result;
+        return;
     }
     const QJsonObject root = document.object();
     if (root.value("type").toString() != "FeatureCollection" || !root.value("features").isArray())
     {
         ZoLogWarnAt(kReader, "Load") << "不是FeatureCollection";
-        return result;
+        return;
     }
-    result.parsed = true;
+    result->parsed = true;
+    const CMapRange range(module);
     const QJsonArray features = root.value("features").toArray();
     for (int index = 0; index < features.size(); ++index)
     {
         const QJsonObject feature = features[index].toObject();
-        if (feature.value("type").toString() != "Feature" || !feature.value("geometry").isObject())
+        const QJsonValue geometryValue = feature.value("geometry");
+        if (feature.value("type").toString() != "Feature" || !(geometryValue.isObject() || geometryValue.isNull()))
         {
-            LogFeatureFault(index, feature.value("geometry").isNull() ? Fault::kGeometryType : Fault::kNotFeature);
-            ++result.skipped;
+            LogFeatureFault(index, Fault::kNotFeature);
+            ++result->skipped;
             continue;
         }
         SGeometry geometry;
         const char* fault = nullptr;
-        if (!ReadGeometry(feature.value("geometry").toObject(), index, extracted, &geometry, &fault))
+        if (geometryValue.isObject() &&
+            !ReadGeometry(geometryValue.toObject(), index, extracted, range, &geometry, &fault))
         {
             LogFeatureFault(index, fault);
-            ++result.skipped;
+            ++result->skipped;
             continue;
         }
         const QJsonObject properties = feature.value("properties").toObject();
@@ -417,9 +526,11 @@ SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer*
         if (!object)
         {
             LogFeatureFault(index, Fault::kNotCreated);
-            ++result.skipped;
+            ++result->skipped;
             continue;
         }
+        for (const SDroppedRing& dropped : geometry.dropped)
+            LogDroppedRing(index, dropped);
         QStringList keys;
         for (auto it = properties.begin(); it != properties.end(); ++it)
         {
@@ -427,20 +538,87 @@ SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer*
             keys.append(it.key());
         }
         object->SetProperty(kPropertyKeys, keys);
-        result.objects.push_back(object);
+        if (feature.contains("id"))
+            object->SetProperty(kFeatureId, feature.value("id").toVariant());
+        if (feature.contains("bbox"))
+            object->SetProperty(kFeatureBox, feature.value("bbox").toVariant());
+        result->objects.push_back(object);
+    }
+}
+
+// A "name" property that is a string named the object, and the object's
+// name, perhaps changed since, is written in its place; any other "name" is
+// the feature's own. An object without a name property gets one only when it
+// has a name.
+void WriteName(IZoGraphicsMapObject* object, QJsonObject* properties)
+{
+    const QString name = ConvertStdStringToQString(object->GetName(), ZoGraphicsConstantNS::STR_CODE_PAGE);
+    const QJsonValue read = properties->value("name");
+    if (read.isString() || (read.isUndefined() && !name.isEmpty()))
+        properties->insert("name", name);
+}
+} // namespace
+
+namespace ZoGeoJsonNS
+{
+SZoGeoJsonLoadResult LoadGeoJson(IZoGraphicsModule* module, IZoGraphicsMapLayer* layer, const QByteArray& json)
+{
+    SZoGeoJsonLoadResult result;
+    if (!module)
+    {
+        ZoLogWarnAt(kReader, "Load") << ZoLogReason::kArgumentNull;
+        return result;
+    }
+    if (json.size() > kMaxTextBytes)
+    {
+        ZoLogWarnAt(kReader, "Load") << "文本超过大小上限: " << json.size();
+        return result;
+    }
+    try
+    {
+        Load(module, layer, json, &result);
+    }
+    catch (const std::bad_alloc&)
+    {
+        ZoLogWarnAt(kReader, "Load") << "内存不足";
     }
     return result;
 }
 
 SZoGeoJsonLoadResult LoadGeoJsonFile(IZoGraphicsModule* module, IZoGraphicsMapLayer* layer, const std::string& path)
 {
-    QFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::ReadOnly))
+    // A pipe or a device would block or never end: only a plain file has a
+    // size to check before anything is read.
+    const QFileInfo info(QString::fromStdString(path));
+    if (info.exists() && !info.isFile())
+    {
+        ZoLogWarnAt(kReader, "LoadFile") << "不是普通文件: " << path;
+        return SZoGeoJsonLoadResult();
+    }
+    if (info.size() > kMaxTextBytes)
+    {
+        ZoLogWarnAt(kReader, "LoadFile") << "文件超过大小上限: " << path;
+        return SZoGeoJsonLoadResult();
+    }
+    QFile file(info.filePath());
+    QByteArray json;
+    try
+    {
+        // No more than was measured, should the file grow meanwhile.
+        if (file.open(QIODevice::ReadOnly))
+            json = file.read(std::min(info.size(), kMaxTextBytes));
+    }
+    catch (const std::bad_alloc&)
+    {
+        ZoLogWarnAt(kReader, "LoadFile") << "内存不足";
+        return SZoGeoJsonLoadResult();
+    }
+    if (!file.isOpen())
     {
         ZoLogWarnAt(kReader, "LoadFile") << "文件无法打开: " << path;
         return SZoGeoJsonLoadResult();
     }
-    return LoadGeoJson(module, layer, file.readAll());
+    return LoadGeoJson(module, layer, json);
 }
 
 QByteArray WriteGeoJsonLayer(IZoGraphicsMapLayer* layer)
@@ -456,15 +634,21 @@ QByteArray WriteGeoJson(const std::vector<IZoGraphicsMapObject*>& objects)
     {
         if (!object)
             continue;
-        const std::optional<QJsonObject> geometry = GeometryOf(object);
+        const std::optional<QJsonValue> geometry = GeometryOf(object);
         if (!geometry)
             continue;
         QJsonObject properties;
         for (const QString& key : object->GetProperty(kPropertyKeys).toStringList())
             properties.insert(key, QJsonValue::fromVariant(object->GetProperty(key.toStdString())));
-        properties.insert("name",
-                          ConvertStdStringToQString(object->GetName(), ZoGraphicsConstantNS::STR_CODE_PAGE));
-        features.append(QJsonObject{{"type", "Feature"}, {"properties", properties}, {"geometry", *geometry}});
+        WriteName(object, &properties);
+        QJsonObject feature{{"type", "Feature"}, {"properties", properties}, {"geometry", *geometry}};
+        for (const auto& [member, key] : {std::pair{"id", kFeatureId}, std::pair{"bbox", kFeatureBox}})
+        {
+            const QVariant kept = object->GetProperty(key);
+            if (kept.isValid())
+                feature.insert(member, QJsonValue::fromVariant(kept));
+        }
+        features.append(feature);
     }
     return QJsonDocument(QJsonObject{{"type", "FeatureCollection"}, {"features", features}})
         .toJson(QJsonDocument::Compact);
