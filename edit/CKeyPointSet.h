@@ -21,7 +21,8 @@ class IZoDotMapObject;
 // - point i double-clicked: OnCompleteKeyPointDelete(i, p), the later points
 //   moving down by one; refused (nothing called) when only two points are
 //   left, three on a closed path;
-// - a press and release without a move completes at the point's own position.
+// - a click (released within the drag distance) completes at the point's own
+//   position.
 //
 // Handles exist for the points in the host's views (and a margin around
 // them): a line of a hundred thousand vertices gets the few thousand it

@@ -28,6 +28,8 @@ protected:
     bool HoverCursor(int objectId, QCursor* cursor) const override;
 
     bool Grab(IZoMapView* view, int x, int y, int objectId) override;
+    // A press on the dot is the ball's, dragging or not.
+    bool HoldsPressWhileDragging(int objectId) const override { return Follows(objectId); }
     IZoGraphicsMapObject* Grabbed() const override;
     bool AskStart() override;
     void RecordStart() override;

@@ -131,7 +131,11 @@ bool CZoEditObjectBase::OnMousePress(IZoMapView* view, int x, int y, int objectI
 {
     CBusy busy(*this);
     DropLostGesture(view);
-    if (!Ready(view) || m_dragging || !Grab(view, x, y, objectId))
+    if (!Ready(view))
+        return false;
+    if (m_dragging)
+        return HoldsPressWhileDragging(objectId);
+    if (!Grab(view, x, y, objectId))
         return false;
     m_dragging = true;
     m_dragBegun = false;

@@ -110,6 +110,8 @@ protected:
     virtual bool Grab(IZoMapView* view, int x, int y, int objectId) = 0;
     virtual IZoGraphicsMapObject* Grabbed() const = 0;
     virtual bool Follows(int objectId) const;
+    // Whether a press during the gesture is still the gadget's to consume.
+    virtual bool HoldsPressWhileDragging(int) const { return false; }
     // The user's OnStart...; true when the user took the gesture.
     virtual bool AskStart() = 0;
     // Without such a user: the start value, the gadget's own dragging look.
