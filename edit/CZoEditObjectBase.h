@@ -27,8 +27,6 @@ struct TZoEditHandle
     explicit TZoEditHandle(T* created) : object(created), registered(created), id(created ? created->GetObjectID() : -1)
     {
     }
-    // Ever made (it may be gone since).
-    bool IsMade() const { return id != -1; }
     bool Is(int objectId) const { return id != -1 && id == objectId; }
 };
 
