@@ -28,11 +28,12 @@ void CKeyPointSet::SetVisible(bool visible)
     if (!m_user)
         return;
     m_shown = visible;
-    ForEachHandle([visible](const DotHandle& handle) { handle->SetVisible(visible); });
+    ForEachHandle([visible](IZoDotMapObject* handle) { handle->SetVisible(visible); });
 }
 
 void CKeyPointSet::UpdateEditor(int)
 {
+    CBusy busy(*this);
     if (m_user)
         Rebuild();
 }
@@ -51,12 +52,12 @@ void CKeyPointSet::RemoveKeyPoint(bool atBack)
 
 IZoDotMapObject* CKeyPointSet::GetPointHandle(int index) const
 {
-    return index >= 0 && index < GetPointCount() ? m_points[index].object : nullptr;
+    return index >= 0 && index < GetPointCount() ? Live(m_points[index]) : nullptr;
 }
 
 IZoDotMapObject* CKeyPointSet::GetIndicatorHandle(int index) const
 {
-    return index >= 0 && index < GetIndicatorCount() ? m_indicators[index].object : nullptr;
+    return index >= 0 && index < GetIndicatorCount() ? Live(m_indicators[index]) : nullptr;
 }
 
 CVector3D CKeyPointSet::GetPoint(int index) const
@@ -75,7 +76,7 @@ void CKeyPointSet::OnDetached()
     m_active = STarget();
     // Hidden with the user gone, so that the next user's points show again.
     m_shown = false;
-    ForEachHandle([](const DotHandle& handle) { handle->SetVisible(false); });
+    ForEachHandle([](IZoDotMapObject* handle) { handle->SetVisible(false); });
 }
 
 void CKeyPointSet::DestroyHandles()
@@ -103,73 +104,82 @@ bool CKeyPointSet::HoverCursor(int objectId, QCursor* cursor) const
     return true;
 }
 
-bool CKeyPointSet::OnMousePress(IZoMapView* view, int, int, int objectId)
+bool CKeyPointSet::Grab(IZoMapView*, int, int, int objectId)
 {
-    const STarget target = Find(objectId);
-    if (!Ready(view) || m_dragging || target.kind == EKind::None)
-        return false;
-    m_dragging = true;
-    m_active = target;
-    m_moved = false;
-    m_start = CVector3D();
-    if (m_user->OnStartTranslation(this))
-        return true;
-    m_start = target.kind == EKind::Point ? m_coords[target.index] : Midpoint(target.index);
-    m_cursor.Set(view, ZoEditCursor::kDragPoint);
-    return true;
+    m_active = Find(objectId);
+    return ActiveHandle() != nullptr;
 }
 
-bool CKeyPointSet::OnMouseMove(IZoMapView* view, int x, int y, int objectId)
+IZoGraphicsMapObject* CKeyPointSet::Grabbed() const
 {
-    if (!OnActive(view, objectId) || !m_dragging)
-        return false;
+    const DotHandle* record = ActiveRecord();
+    return record && Live(*record) ? record->registered : nullptr;
+}
+
+bool CKeyPointSet::AskStart()
+{
+    return m_user->OnStartTranslation(this);
+}
+
+void CKeyPointSet::RecordStart()
+{
+    m_start = m_active.kind == EKind::Point ? m_coords[m_active.index] : Midpoint(m_active.index);
+}
+
+void CKeyPointSet::Drag(IZoMapView* view, int x, int y)
+{
     CVector3D point;
     if (!PointerToGeo(view, x, y, &point))
-        return true;
-    m_moved = true;
+        return;
     if (m_active.kind == EKind::Indicator)
-        ActiveHandle()->SetPosition(point);
-    else if (!m_user->OnProcessKeyPointChange(this, m_active.index, point))
-        MovePoint(m_active.index, point);
-    return true;
+    {
+        if (IZoDotMapObject* indicator = ActiveHandle())
+            indicator->SetPosition(point);
+    }
+    else
+    {
+        const int index = m_active.index;
+        if (!m_user->OnProcessKeyPointChange(this, index, point) && index < GetPointCount())
+            MovePoint(index, point);
+    }
 }
 
-bool CKeyPointSet::OnMouseRelease(IZoMapView* view, int x, int y, int objectId)
+bool CKeyPointSet::Complete(IZoMapView* view, int x, int y, bool click)
 {
-    if (!OnActive(view, objectId) || !m_dragging)
-        return false;
-    m_dragging = false;
     const STarget target = m_active;
-    // A click without a move leaves the point where it was.
+    // A click leaves the point where it was.
     CVector3D point = target.kind == EKind::Point ? m_coords[target.index] : Midpoint(target.index);
     CVector3D pointer;
-    if (m_moved && PointerToGeo(view, x, y, &pointer))
+    if (!click && PointerToGeo(view, x, y, &pointer))
         point = pointer;
     if (target.kind == EKind::Point)
     {
         if (m_user->OnCompleteKeyPointChange(this, target.index, point))
             return true;
-        MovePoint(target.index, point);
+        if (target.index < GetPointCount())
+            MovePoint(target.index, point);
     }
     else
     {
         if (m_user->OnCompleteKeyPointInsert(this, target.index + 1, point))
             return true;
-        InsertPoint(target.index + 1, point);
+        if (target.index < GetPointCount())
+            InsertPoint(target.index + 1, point);
     }
     m_active = STarget();
-    m_cursor.Restore(view);
-    return true;
+    return false;
 }
 
 bool CKeyPointSet::OnMouseDoubleClick(IZoMapView* view, int, int, int objectId)
 {
+    CBusy busy(*this);
     const STarget target = Find(objectId);
-    if (!Ready(view) || m_dragging || target.kind != EKind::Point)
+    if (!Ready(view) || m_dragging || target.kind != EKind::Point || !GetPointHandle(target.index))
         return false;
     if (GetPointCount() <= MinimumPoints())
         return true;
-    if (!m_user->OnCompleteKeyPointDelete(this, target.index, m_coords[target.index]))
+    if (!m_user->OnCompleteKeyPointDelete(this, target.index, m_coords[target.index]) &&
+        target.index < GetPointCount())
     {
         ErasePoint(target.index);
         // The handle under the pointer is gone; so is the reason for its cursor.
@@ -178,23 +188,21 @@ bool CKeyPointSet::OnMouseDoubleClick(IZoMapView* view, int, int, int objectId)
     return true;
 }
 
-bool CKeyPointSet::OnKeyPress(IZoMapView* view, int key)
+bool CKeyPointSet::BackOut()
 {
-    if (!TakeEscape(key))
-        return false;
     const STarget target = m_active;
     if (target.kind == EKind::Point)
     {
         if (m_user->OnBackoutKeyPointChange(this, target.index, m_start))
             return true;
-        MovePoint(target.index, m_start);
+        if (target.index < GetPointCount())
+            MovePoint(target.index, m_start);
     }
     else if (target.kind == EKind::Indicator)
         PlaceIndicator(target.index);
     m_active = STarget();
     m_start = CVector3D();
-    m_cursor.Restore(view);
-    return true;
+    return false;
 }
 
 bool CKeyPointSet::OnViewChanged()
@@ -227,19 +235,19 @@ CKeyPointSet::STarget CKeyPointSet::Find(int objectId) const
     return {};
 }
 
-bool CKeyPointSet::OnActive(IZoMapView* view, int objectId) const
+const CKeyPointSet::DotHandle* CKeyPointSet::ActiveRecord() const
 {
-    const IZoDotMapObject* handle = ActiveHandle();
-    return Ready(view) && handle && handle->GetObjectID() == objectId;
+    if (m_active.kind == EKind::Point && m_active.index < GetPointCount())
+        return &m_points[m_active.index];
+    if (m_active.kind == EKind::Indicator && m_active.index < GetIndicatorCount())
+        return &m_indicators[m_active.index];
+    return nullptr;
 }
 
 IZoDotMapObject* CKeyPointSet::ActiveHandle() const
 {
-    if (m_active.kind == EKind::Point)
-        return GetPointHandle(m_active.index);
-    if (m_active.kind == EKind::Indicator)
-        return GetIndicatorHandle(m_active.index);
-    return nullptr;
+    const DotHandle* record = ActiveRecord();
+    return record ? Live(*record) : nullptr;
 }
 
 int CKeyPointSet::ExpectedIndicators() const
@@ -333,17 +341,19 @@ void CKeyPointSet::PlaceIndicator(int index)
 
 void CKeyPointSet::Place(DotHandle& handle, const CVector3D& point, bool small)
 {
-    if (!handle)
+    IZoDotMapObject* dot = Live(handle);
+    if (!dot)
     {
+        // Never made, or destroyed by the host since: made (again) when seen.
         if (!InWindow(point))
             return;
-        handle = MakeHandle(small ? ZoEditHandles::CreateSmallDot(m_module, m_layer)
-                                  : ZoEditHandles::CreateMainDot(m_module, m_layer));
-        if (!handle)
+        handle = MakeHandle(small ? &ZoEditHandles::CreateSmallDot : &ZoEditHandles::CreateMainDot);
+        dot = Live(handle);
+        if (!dot)
             return;
-        handle->SetVisible(m_shown);
+        dot->SetVisible(m_shown);
     }
-    handle->SetPosition(point);
+    dot->SetPosition(point);
 }
 
 void CKeyPointSet::Rebuild()
@@ -410,12 +420,12 @@ void CKeyPointSet::Materialise()
 {
     for (int i = 0; i < GetPointCount(); ++i)
     {
-        if (!m_points[i] && InWindow(m_coords[i]))
+        if (InWindow(m_coords[i]) && !Live(m_points[i]))
             PlacePoint(i);
     }
     for (int i = 0; i < GetIndicatorCount(); ++i)
     {
-        if (!m_indicators[i])
+        if (!Live(m_indicators[i]))
             PlaceIndicator(i);
     }
 }
@@ -423,14 +433,12 @@ void CKeyPointSet::Materialise()
 template <class F>
 void CKeyPointSet::ForEachHandle(F f) const
 {
-    for (const DotHandle& handle : m_points)
+    for (const std::vector<DotHandle>* handles : {&m_points, &m_indicators})
     {
-        if (handle)
-            f(handle);
-    }
-    for (const DotHandle& handle : m_indicators)
-    {
-        if (handle)
-            f(handle);
+        for (const DotHandle& handle : *handles)
+        {
+            if (IZoDotMapObject* dot = Live(handle))
+                f(dot);
+        }
     }
 }

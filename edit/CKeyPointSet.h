@@ -21,7 +21,8 @@ class IZoDotMapObject;
 // - point i double-clicked: OnCompleteKeyPointDelete(i, p), the later points
 //   moving down by one; refused (nothing called) when only two points are
 //   left, three on a closed path;
-// - a press and release without a move completes at the point's own position.
+// - a click (released within the drag distance) completes at the point's own
+//   position.
 //
 // Handles exist for the points in the host's views (and a margin around
 // them): a line of a hundred thousand vertices gets the few thousand it
@@ -41,11 +42,7 @@ public:
     void AddKeyPoint(bool atBack, const CVector3D& point) override;
     void RemoveKeyPoint(bool atBack) override;
 
-    bool OnMousePress(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnMouseMove(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnMouseRelease(IZoMapView* view, int x, int y, int objectId) override;
     bool OnMouseDoubleClick(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnKeyPress(IZoMapView* view, int key) override;
     bool OnViewChanged() override;
     bool OnViewMoved() override;
 
@@ -62,6 +59,15 @@ protected:
     void DestroyHandles() override;
     bool HoverCursor(int objectId, QCursor* cursor) const override;
 
+    bool Grab(IZoMapView* view, int x, int y, int objectId) override;
+    IZoGraphicsMapObject* Grabbed() const override;
+    bool AskStart() override;
+    void RecordStart() override;
+    const char* DragCursor() const override { return ZoEditCursor::kDragPoint; }
+    void Drag(IZoMapView* view, int x, int y) override;
+    bool Complete(IZoMapView* view, int x, int y, bool click) override;
+    bool BackOut() override;
+
 private:
     enum class EKind
     {
@@ -77,7 +83,7 @@ private:
     using DotHandle = TZoEditHandle<IZoDotMapObject>;
 
     STarget Find(int objectId) const;
-    bool OnActive(IZoMapView* view, int objectId) const;
+    const DotHandle* ActiveRecord() const;
     IZoDotMapObject* ActiveHandle() const;
     int ExpectedIndicators() const;
     int MinimumPoints() const { return m_closed ? 3 : 2; }
@@ -102,7 +108,6 @@ private:
     bool m_closed = false;
     bool m_virtual = false;
     bool m_shown = false;
-    bool m_moved = false;
     bool m_windowed = false;
     EXTENT m_window;
     STarget m_active;

@@ -1,6 +1,7 @@
 #include "edit/CRotationAxis.h"
 
 #include "edit/ZoEditHandles.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoDotMapObject.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -26,65 +27,106 @@ QString CRotationAxis::LabelText(double change, double angle)
 
 bool CRotationAxis::IsEditObjectHandle(int objectId) const
 {
-    return m_dot.Is(objectId) || m_guide.Is(objectId) || m_label.Is(objectId);
+    return m_dot.Is(objectId) || m_arm.Is(objectId) || m_guide.Is(objectId) || m_label.Is(objectId);
 }
 
 bool CRotationAxis::IsVisible() const
 {
-    return m_dot && m_dot->IsVisible();
+    const IZoDotMapObject* dot = GetDot();
+    return dot && dot->IsVisible();
 }
 
 void CRotationAxis::SetVisible(bool visible)
 {
     if (!m_user)
         return;
-    Show(m_dot.object, visible);
+    Show(GetDot(), visible);
+    Show(GetArm(), visible);
     if (!visible)
         ShowTurning(false);
 }
 
 void CRotationAxis::SetEditorPoint(const CVector3D& point, int kind)
 {
-    if (kind != 0 || !m_dot)
+    if (kind != 0)
+        return;
+    if (m_user)
+        MakeHandles();
+    if (!GetDot())
         return;
     m_control = point;
-    m_dot->SetPosition(point);
-    m_dot->SetVisible(true);
-    if (m_label)
-        m_label->SetPosition(point);
+    PlaceArm(m_armBearing);
+    Show(GetDot(), true);
+    Show(GetArm(), true);
+    if (IZoTextMapObject* label = GetLabel())
+        label->SetPosition(point);
 }
 
 void CRotationAxis::UpdateEditor(int kind)
 {
-    if (kind == 0 && m_user)
+    CBusy busy(*this);
+    if (kind != 0 || !m_user)
+        return;
+    m_armBearing = m_user->GetEditorRotation(this);
+    if (m_user)
         SetEditorPoint(m_user->GetEditorControlPoint(this), 0);
+}
+
+bool CRotationAxis::OnViewChanged()
+{
+    if (m_user && !m_dragging)
+        PlaceArm(m_armBearing);
+    return false;
 }
 
 void CRotationAxis::OnAttached()
 {
-    // Created hidden: the host says where the control point is.
-    if (!m_dot)
-    {
-        m_dot = MakeHandle(ZoEditHandles::CreateSmallDot(m_module, m_layer));
-        Show(m_dot.object, false);
-    }
-    if (!m_guide)
-        m_guide = MakeHandle(ZoEditHandles::CreateGuideLine(m_module, m_layer));
-    if (!m_label)
-        m_label = MakeHandle(ZoEditHandles::CreateLabel(m_module, m_layer));
+    // Shown once the host says where the pivot is.
+    MakeHandles();
     ShowTurning(false);
+}
+
+void CRotationAxis::MakeHandles()
+{
+    if (!GetDot())
+    {
+        m_dot = MakeHandle(&ZoEditHandles::CreateSmallDot);
+        Show(GetDot(), false);
+    }
+    if (!GetArm())
+    {
+        m_arm = MakeHandle(&ZoEditHandles::CreateGuideLine);
+        if (IZoPolylineMapObject* arm = GetArm())
+        {
+            // Only drawn: the dot at its end is what turns.
+            arm->SetPenStyle(Qt::SolidLine);
+            arm->SetInteractive(false);
+            arm->SetVisible(IsVisible());
+        }
+    }
+    // Under the dot, which is what the pointer must find at the arm's end.
+    IZoDotMapObject* dot = GetDot();
+    IZoPolylineMapObject* arm = GetArm();
+    if (dot && arm)
+        arm->SetZValue(dot->GetZValue() - 1);
+    if (!GetGuide())
+        m_guide = MakeHandle(&ZoEditHandles::CreateGuideLine);
+    if (!GetLabel())
+        m_label = MakeHandle(&ZoEditHandles::CreateLabel);
 }
 
 void CRotationAxis::OnDetached()
 {
     m_start = 0.0;
-    Show(m_dot.object, false);
+    Show(GetDot(), false);
+    Show(GetArm(), false);
     ShowTurning(false);
 }
 
 void CRotationAxis::DestroyHandles()
 {
     Destroy(m_dot);
+    Destroy(m_arm);
     Destroy(m_guide);
     Destroy(m_label);
     m_start = 0.0;
@@ -98,81 +140,93 @@ bool CRotationAxis::HoverCursor(int objectId, QCursor* cursor) const
     return true;
 }
 
-bool CRotationAxis::OnMousePress(IZoMapView* view, int, int, int objectId)
+bool CRotationAxis::Grab(IZoMapView* view, int x, int y, int objectId)
 {
-    if (!OnDot(view, objectId) || m_dragging)
+    if (!Grabbed() || !m_dot.Is(objectId))
         return false;
-    m_dragging = true;
-    m_sampled = false;
+    // The angle is swept from where the press was; on the pivot itself the
+    // first move gives the direction to sweep from.
+    CVector3D pointer;
     m_change = 0.0;
-    m_start = 0.0;
-    if (m_user->OnStartRotation(this))
-        return true;
-    m_start = m_user->GetEditorRotation(this);
-    m_cursor.Set(view, ZoEditCursor::kRotate);
+    m_sampled = Bearing(view, x, y, &m_bearing, &pointer);
     return true;
 }
 
-// Turning goes round the control point, so once pressed the pointer is
-// followed wherever it is, not only over the dot.
-bool CRotationAxis::OnMouseMove(IZoMapView* view, int x, int y, int)
+IZoGraphicsMapObject* CRotationAxis::Grabbed() const
 {
-    if (!Ready(view) || !m_dragging)
-        return false;
+    return GetDot() ? m_dot.registered : nullptr;
+}
+
+bool CRotationAxis::AskStart()
+{
+    return m_user->OnStartRotation(this);
+}
+
+void CRotationAxis::RecordStart()
+{
+    m_start = m_user->GetEditorRotation(this);
+}
+
+void CRotationAxis::Drag(IZoMapView* view, int x, int y)
+{
     CVector3D pointer;
     if (!Follow(view, x, y, &pointer) || m_user->OnProcessRotation(this, m_start + m_change, m_change))
-        return true;
-    if (m_guide)
-        m_guide->SetData({m_control, pointer});
-    if (m_label)
+        return;
+    if (IZoPolylineMapObject* guide = GetGuide())
+        guide->SetData({m_control, pointer});
+    if (IZoTextMapObject* label = GetLabel())
     {
-        m_label->SetText(ConvertQStringToStdString(LabelText(m_change, m_start + m_change)));
-        m_label->SetPosition(pointer);
+        label->SetText(ConvertQStringToStdString(LabelText(m_change, m_start + m_change)));
+        label->SetPosition(pointer);
     }
     ShowTurning(true);
-    return true;
+    PlaceArm(m_start + m_change);
 }
 
-bool CRotationAxis::OnMouseRelease(IZoMapView* view, int x, int y, int)
+bool CRotationAxis::Complete(IZoMapView* view, int x, int y, bool click)
 {
-    if (!Ready(view) || !m_dragging)
-        return false;
-    m_dragging = false;
     CVector3D pointer;
-    Follow(view, x, y, &pointer);
-    if (m_user->OnCompleteRotation(this, m_start + m_change))
+    if (!click)
+        Follow(view, x, y, &pointer);
+    const double angle = m_start + m_change;
+    if (m_user->OnCompleteRotation(this, angle))
         return true;
     ShowTurning(false);
-    m_cursor.Restore(view);
-    return true;
+    PlaceArm(angle);
+    return false;
 }
 
-bool CRotationAxis::OnKeyPress(IZoMapView* view, int key)
+bool CRotationAxis::BackOut()
 {
-    if (!TakeEscape(key))
-        return false;
     if (m_user->OnBackoutRotation(this, m_start))
         return true;
     ShowTurning(false);
+    PlaceArm(m_start);
     m_start = 0.0;
-    m_cursor.Restore(view);
-    return true;
+    return false;
 }
 
-bool CRotationAxis::Follow(IZoMapView* view, int x, int y, CVector3D* pointer)
+bool CRotationAxis::Bearing(IZoMapView* view, int x, int y, double* bearing, CVector3D* pointer) const
 {
-    IZoMapModule* map = m_dot ? m_dot->GetMapModule() : nullptr;
+    const IZoDotMapObject* dot = GetDot();
+    IZoMapModule* map = dot ? dot->GetMapModule() : GetHostMap();
     int cx = 0, cy = 0, px = 0, py = 0;
     if (!map || !PointerToGeo(view, x, y, pointer) || !map->ConvertSceneToPixel(&cx, &cy, m_control.x, m_control.y) ||
         !map->ConvertSceneToPixel(&px, &py, pointer->x, pointer->y))
         return false;
     if (px == cx && py == cy)
-        return false; // no direction on the control point itself
+        return false; // no direction on the pivot itself
     // Scene y grows downwards: up is (0, -1) and clockwise is positive.
-    const double bearing = Normalised(std::atan2(px - cx, cy - py) * 180.0 / M_PI);
-    if (!m_sampled)
-        m_change = bearing > 180.0 ? bearing - 360.0 : bearing;
-    else
+    *bearing = Normalised(std::atan2(px - cx, cy - py) * 180.0 / M_PI);
+    return true;
+}
+
+bool CRotationAxis::Follow(IZoMapView* view, int x, int y, CVector3D* pointer)
+{
+    double bearing = 0.0;
+    if (!Bearing(view, x, y, &bearing, pointer))
+        return false;
+    if (m_sampled)
     {
         double step = bearing - m_bearing;
         if (step > 180.0)
@@ -186,8 +240,31 @@ bool CRotationAxis::Follow(IZoMapView* view, int x, int y, CVector3D* pointer)
     return true;
 }
 
+void CRotationAxis::PlaceArm(double bearing)
+{
+    m_armBearing = bearing;
+    IZoDotMapObject* dot = GetDot();
+    IZoMapModule* map = dot ? dot->GetMapModule() : nullptr;
+    int cx = 0, cy = 0;
+    if (!map || !map->ConvertSceneToPixel(&cx, &cy, m_control.x, m_control.y))
+        return;
+    // Pixels of the map at the view's scale: the arm is as long on screen
+    // at every zoom.
+    const double scale = map->GetViewScale();
+    const double length = kArmLength / (std::isfinite(scale) && scale > 0.0 ? scale : 1.0);
+    const double radians = bearing * M_PI / 180.0;
+    CVector3D end;
+    map->ConvertPixelToScene(&end.x, &end.y, ZoPixelInt(std::round(cx + length * std::sin(radians))),
+                             ZoPixelInt(std::round(cy - length * std::cos(radians))));
+    if (!std::isfinite(end.x) || !std::isfinite(end.y))
+        return;
+    dot->SetPosition(end);
+    if (IZoPolylineMapObject* arm = GetArm())
+        arm->SetData({m_control, end});
+}
+
 void CRotationAxis::ShowTurning(bool visible)
 {
-    Show(m_guide.object, visible);
-    Show(m_label.object, visible);
+    Show(GetGuide(), visible);
+    Show(GetLabel(), visible);
 }

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace
 {
@@ -42,32 +43,28 @@ void CScaleBox::SetVisible(bool visible)
 
 void CScaleBox::UpdateEditor(int kind)
 {
+    CBusy busy(*this);
     if (kind >= 0 && kind < kHandleCount && m_user)
         OnAttached();
 }
 
 IZoDotMapObject* CScaleBox::GetHandle(int index) const
 {
-    return index >= 0 && index < static_cast<int>(m_dots.size()) ? m_dots[index].object : nullptr;
+    return index >= 0 && index < kHandleCount ? Live(m_dots[index]) : nullptr;
 }
 
 void CScaleBox::OnAttached()
 {
     m_visible = true;
     const EXTENT box = m_user->GetEditorBoundingBox(this);
-    if (!m_frame)
-        m_frame = MakeHandle(ZoEditHandles::CreateFrame(m_module, m_layer));
-    if (m_frame)
+    // Handles the host destroyed meanwhile are made again in their places.
+    if (!GetFrame())
+        m_frame = MakeHandle(&ZoEditHandles::CreateFrame);
+    Frame(box, false);
+    for (auto& dot : m_dots)
     {
-        m_frame->SetExtent(box);
-        m_frame->SetVisible(false);
-    }
-    while (m_dots.size() < kHandleCount)
-    {
-        auto dot = MakeHandle(ZoEditHandles::CreateMainDot(m_module, m_layer));
-        if (!dot)
-            break;
-        m_dots.push_back(dot);
+        if (!Live(dot))
+            dot = MakeHandle(&ZoEditHandles::CreateMainDot);
     }
     SetDotsVisible(true);
     LayOut(box);
@@ -76,7 +73,7 @@ void CScaleBox::OnAttached()
 void CScaleBox::OnDetached()
 {
     SetDotsVisible(false);
-    Show(m_frame.object, false);
+    Show(GetFrame(), false);
 }
 
 void CScaleBox::DestroyHandles()
@@ -84,7 +81,6 @@ void CScaleBox::DestroyHandles()
     Destroy(m_frame);
     for (auto& dot : m_dots)
         Destroy(dot);
-    m_dots.clear();
     m_start = EXTENT();
     m_active = -1;
     m_visible = false;
@@ -99,89 +95,84 @@ bool CScaleBox::HoverCursor(int objectId, QCursor* cursor) const
     return true;
 }
 
-bool CScaleBox::OnMousePress(IZoMapView* view, int, int, int objectId)
+bool CScaleBox::Grab(IZoMapView*, int, int, int objectId)
 {
-    if (!Ready(view) || m_dragging)
-        return false;
     m_active = HandleAt(objectId);
-    if (m_active == -1)
-        return false;
-    m_dragging = true;
-    m_start = EXTENT();
-    if (m_user->OnStartScaleBoundingBox(this))
-        return true;
+    return Grabbed() != nullptr;
+}
+
+IZoGraphicsMapObject* CScaleBox::Grabbed() const
+{
+    return GetHandle(m_active) ? m_dots[m_active].registered : nullptr;
+}
+
+bool CScaleBox::AskStart()
+{
+    return m_user->OnStartScaleBoundingBox(this);
+}
+
+void CScaleBox::RecordStart()
+{
     m_start = m_user->GetEditorBoundingBox(this);
-    if (m_frame)
+    if (IZoRectangleMapObject* frame = GetFrame())
     {
-        m_frame->SetVisible(true);
+        frame->SetVisible(true);
         // Under its own handles, so that they stay grabbable where they overlap it.
         std::vector<int> handles;
         for (const auto& dot : m_dots)
             handles.push_back(dot.id);
-        m_module->StackedBottom(m_frame.object, handles);
+        m_module->StackedBottom(frame, handles);
     }
-    return true;
 }
 
-bool CScaleBox::OnMouseMove(IZoMapView* view, int x, int y, int objectId)
+void CScaleBox::Drag(IZoMapView* view, int x, int y)
 {
-    if (!Ready(view) || !m_dragging || m_active == -1 || HandleAt(objectId) != m_active)
-        return false;
     EXTENT box;
     if (DraggedBox(view, x, y, &box) && !m_user->OnProcessScaleBoundingBox(this, box))
     {
-        m_frame->SetExtent(box);
+        if (IZoRectangleMapObject* frame = GetFrame())
+            frame->SetExtent(box);
         LayOut(box);
     }
-    return true;
 }
 
-bool CScaleBox::OnMouseRelease(IZoMapView* view, int x, int y, int objectId)
+bool CScaleBox::Complete(IZoMapView* view, int x, int y, bool click)
 {
-    if (!Ready(view) || !m_dragging || m_active == -1 || HandleAt(objectId) != m_active)
-        return false;
-    m_dragging = false;
+    // A click completes on the box as it stands.
     EXTENT box;
-    if (!DraggedBox(view, x, y, &box))
-        box = m_frame ? m_frame->GetExtent() : m_start;
+    if (click || !DraggedBox(view, x, y, &box))
+    {
+        const IZoRectangleMapObject* frame = GetFrame();
+        box = frame ? frame->GetExtent() : m_start;
+    }
     if (box.xmin > box.xmax)
         std::swap(box.xmin, box.xmax);
     if (box.ymin > box.ymax)
         std::swap(box.ymin, box.ymax);
     if (m_user->OnCompleteScaleBoundingBox(this, box))
         return true;
-    if (m_frame)
-    {
-        m_frame->SetExtent(box);
-        m_frame->SetVisible(false);
-    }
+    Frame(box, false);
     LayOut(box);
     m_active = -1;
     m_start = EXTENT();
-    m_cursor.Restore(view);
-    return true;
+    return false;
 }
 
-bool CScaleBox::OnKeyPress(IZoMapView* view, int key)
+bool CScaleBox::BackOut()
 {
-    if (!TakeEscape(key))
-        return false;
     if (m_user->OnBackoutScaleBoundingBox(this, m_start))
         return true;
+    // The start box stays: a later gesture that the user starts itself
+    // backs out to it again.
     m_active = -1;
-    if (m_frame)
-    {
-        m_frame->SetExtent(m_start);
-        m_frame->SetVisible(false);
-    }
+    Frame(m_start, false);
     LayOut(m_start);
-    m_cursor.Restore(view);
-    return true;
+    return false;
 }
 
 int CScaleBox::HandleAt(int objectId) const
 {
-    for (int i = 0; i < static_cast<int>(m_dots.size()); ++i)
+    for (int i = 0; i < kHandleCount; ++i)
     {
         if (m_dots[i].Is(objectId))
             return i;
@@ -192,9 +183,10 @@ int CScaleBox::HandleAt(int objectId) const
 bool CScaleBox::DraggedBox(IZoMapView* view, int x, int y, EXTENT* box) const
 {
     CVector3D point;
-    if (!m_frame || !PointerToGeo(view, x, y, &point))
+    const IZoRectangleMapObject* frame = GetFrame();
+    if (!frame || m_active < 0 || m_active >= kHandleCount || !PointerToGeo(view, x, y, &point))
         return false;
-    *box = m_frame->GetExtent();
+    *box = frame->GetExtent();
     const SHandleRole& role = kRoles[m_active];
     if (role.xmin)
         box->xmin = point.x;
@@ -209,10 +201,17 @@ bool CScaleBox::DraggedBox(IZoMapView* view, int x, int y, EXTENT* box) const
 
 void CScaleBox::LayOut(const EXTENT& box)
 {
-    if (m_dots.size() != kHandleCount || !m_frame ||
-        !std::isfinite(box.xmin + box.ymin + box.xmax + box.ymax))
+    const IZoRectangleMapObject* frame = GetFrame();
+    std::array<IZoDotMapObject*, kHandleCount> dots{};
+    for (int i = 0; i < kHandleCount; ++i)
+    {
+        dots[i] = GetHandle(i);
+        if (!dots[i])
+            return;
+    }
+    if (!frame || !std::isfinite(box.xmin + box.ymin + box.xmax + box.ymax))
         return;
-    IZoMapModule* map = m_frame->GetMapModule();
+    IZoMapModule* map = frame->GetMapModule();
     int ax = 0, ay = 0, bx = 0, by = 0;
     if (!map || !map->ConvertSceneToPixel(&ax, &ay, box.xmin, box.ymax) ||
         !map->ConvertSceneToPixel(&bx, &by, box.xmax, box.ymin))
@@ -226,12 +225,21 @@ void CScaleBox::LayOut(const EXTENT& box)
     {
         CVector3D point;
         map->ConvertPixelToScene(&point.x, &point.y, pixels[i][0], pixels[i][1]);
-        m_dots[i]->SetPosition(point);
+        dots[i]->SetPosition(point);
+    }
+}
+
+void CScaleBox::Frame(const EXTENT& box, bool visible)
+{
+    if (IZoRectangleMapObject* frame = GetFrame())
+    {
+        frame->SetExtent(box);
+        frame->SetVisible(visible);
     }
 }
 
 void CScaleBox::SetDotsVisible(bool visible)
 {
-    for (const auto& dot : m_dots)
-        dot->SetVisible(visible);
+    for (int i = 0; i < kHandleCount; ++i)
+        Show(GetHandle(i), visible);
 }

@@ -2,7 +2,7 @@
 
 #include "edit/CZoEditObjectBase.h"
 
-#include <vector>
+#include <array>
 
 class IZoDotMapObject;
 class IZoRectangleMapObject;
@@ -24,13 +24,8 @@ public:
     bool IsShown() const override { return m_visible; }
     void UpdateEditor(int kind) override;
 
-    bool OnMousePress(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnMouseMove(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnMouseRelease(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnKeyPress(IZoMapView* view, int key) override;
-
     IZoDotMapObject* GetHandle(int index) const;
-    IZoRectangleMapObject* GetFrame() const { return m_frame.object; }
+    IZoRectangleMapObject* GetFrame() const { return Live(m_frame); }
     int GetActiveHandle() const { return m_active; }
 
 protected:
@@ -39,16 +34,26 @@ protected:
     void DestroyHandles() override;
     bool HoverCursor(int objectId, QCursor* cursor) const override;
 
+    bool Grab(IZoMapView* view, int x, int y, int objectId) override;
+    IZoGraphicsMapObject* Grabbed() const override;
+    bool AskStart() override;
+    void RecordStart() override;
+    void Drag(IZoMapView* view, int x, int y) override;
+    bool Complete(IZoMapView* view, int x, int y, bool click) override;
+    bool BackOut() override;
+
 private:
     int HandleAt(int objectId) const;
     // The frame's box with the sides of the active handle moved to the pointer.
     bool DraggedBox(IZoMapView* view, int x, int y, EXTENT* box) const;
     void LayOut(const EXTENT& box);
+    // The frame on the box, hidden or shown.
+    void Frame(const EXTENT& box, bool visible);
     void SetDotsVisible(bool visible);
 
     int m_active = -1;
     EXTENT m_start;
     bool m_visible = false;
-    std::vector<TZoEditHandle<IZoDotMapObject>> m_dots;
+    std::array<TZoEditHandle<IZoDotMapObject>, kHandleCount> m_dots;
     TZoEditHandle<IZoRectangleMapObject> m_frame;
 };

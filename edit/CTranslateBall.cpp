@@ -6,13 +6,14 @@
 
 bool CTranslateBall::IsVisible() const
 {
-    return m_dot && m_dot->IsVisible();
+    const IZoDotMapObject* dot = GetDot();
+    return dot && dot->IsVisible();
 }
 
 void CTranslateBall::SetVisible(bool visible)
 {
     if (m_user)
-        Show(m_dot.object, visible);
+        Show(GetDot(), visible);
 }
 
 void CTranslateBall::SetEditorPoint(const CVector3D& point, int kind)
@@ -23,22 +24,21 @@ void CTranslateBall::SetEditorPoint(const CVector3D& point, int kind)
 
 void CTranslateBall::UpdateEditor(int kind)
 {
+    CBusy busy(*this);
     if (kind == 0 && m_user)
-        MoveDot(m_user->GetEditorPosition(this));
+        Place(m_user->GetEditorPosition(this));
 }
 
 void CTranslateBall::OnAttached()
 {
-    if (!m_dot)
-        m_dot = MakeHandle(ZoEditHandles::CreateMainDot(m_module, m_layer));
-    MoveDot(m_user->GetEditorPosition(this));
-    Show(m_dot.object, true);
+    Place(m_user->GetEditorPosition(this));
+    Show(GetDot(), true);
 }
 
 void CTranslateBall::OnDetached()
 {
     m_start = CVector3D();
-    Show(m_dot.object, false);
+    Show(GetDot(), false);
 }
 
 void CTranslateBall::DestroyHandles()
@@ -55,61 +55,67 @@ bool CTranslateBall::HoverCursor(int objectId, QCursor* cursor) const
     return true;
 }
 
-bool CTranslateBall::OnMousePress(IZoMapView* view, int, int, int objectId)
+bool CTranslateBall::Grab(IZoMapView*, int, int, int objectId)
 {
-    if (!OnDot(view, objectId))
-        return false;
-    if (m_dragging)
-        return true;
-    m_dragging = true;
-    // A user that takes the start leaves no start value to back out to.
-    m_start = CVector3D();
-    if (m_user->OnStartTranslation(this))
-        return true;
-    m_start = m_dot->GetPosition();
-    m_cursor.Set(view, ZoEditCursor::kDragPoint);
-    return true;
+    return Follows(objectId);
 }
 
-bool CTranslateBall::OnMouseMove(IZoMapView* view, int x, int y, int objectId)
+IZoGraphicsMapObject* CTranslateBall::Grabbed() const
 {
-    if (!OnDot(view, objectId) || !m_dragging)
-        return false;
+    return m_dot.registered && GetDot() ? m_dot.registered : nullptr;
+}
+
+bool CTranslateBall::AskStart()
+{
+    return m_user->OnStartTranslation(this);
+}
+
+void CTranslateBall::RecordStart()
+{
+    if (IZoDotMapObject* dot = GetDot())
+        m_start = dot->GetPosition();
+}
+
+void CTranslateBall::Drag(IZoMapView* view, int x, int y)
+{
     CVector3D point;
     if (PointerToGeo(view, x, y, &point) && !m_user->OnProcessTranslation(this, point))
         MoveDot(point);
-    return true;
 }
 
-bool CTranslateBall::OnMouseRelease(IZoMapView* view, int x, int y, int objectId)
+bool CTranslateBall::Complete(IZoMapView* view, int x, int y, bool click)
 {
-    if (!OnDot(view, objectId) || !m_dragging)
-        return false;
-    m_dragging = false;
-    CVector3D point;
-    if (!PointerToGeo(view, x, y, &point))
-        point = m_dot->GetPosition();
+    // A click leaves the dot where it is: where on the dot it was pressed
+    // is no new position.
+    const IZoDotMapObject* dot = GetDot();
+    CVector3D point = dot ? dot->GetPosition() : m_start;
+    if (!click)
+        PointerToGeo(view, x, y, &point);
     if (m_user->OnCompleteTranslation(this, point))
         return true;
     MoveDot(point);
-    m_cursor.Restore(view);
-    return true;
+    return false;
 }
 
-bool CTranslateBall::OnKeyPress(IZoMapView* view, int key)
+bool CTranslateBall::BackOut()
 {
-    if (!TakeEscape(key))
-        return false;
+    // A user that backs out itself keeps the start, to back out to again.
     if (m_user->OnBackoutTranslation(this, m_start))
         return true;
     MoveDot(m_start);
     m_start = CVector3D();
-    m_cursor.Restore(view);
-    return true;
+    return false;
+}
+
+void CTranslateBall::Place(const CVector3D& point)
+{
+    if (!GetDot())
+        m_dot = MakeHandle(&ZoEditHandles::CreateMainDot);
+    MoveDot(point);
 }
 
 void CTranslateBall::MoveDot(const CVector3D& point)
 {
-    if (m_dot)
-        m_dot->SetPosition(point);
+    if (IZoDotMapObject* dot = GetDot())
+        dot->SetPosition(point);
 }

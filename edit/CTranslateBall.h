@@ -19,12 +19,7 @@ public:
     void SetEditorPoint(const CVector3D& point, int kind) override;
     void UpdateEditor(int kind) override;
 
-    bool OnMousePress(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnMouseMove(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnMouseRelease(IZoMapView* view, int x, int y, int objectId) override;
-    bool OnKeyPress(IZoMapView* view, int key) override;
-
-    IZoDotMapObject* GetDot() const { return m_dot.object; }
+    IZoDotMapObject* GetDot() const { return Live(m_dot); }
 
 protected:
     void OnAttached() override;
@@ -32,8 +27,20 @@ protected:
     void DestroyHandles() override;
     bool HoverCursor(int objectId, QCursor* cursor) const override;
 
+    bool Grab(IZoMapView* view, int x, int y, int objectId) override;
+    // A press on the dot is the ball's, dragging or not.
+    bool HoldsPressWhileDragging(int objectId) const override { return Follows(objectId); }
+    IZoGraphicsMapObject* Grabbed() const override;
+    bool AskStart() override;
+    void RecordStart() override;
+    const char* DragCursor() const override { return ZoEditCursor::kDragPoint; }
+    void Drag(IZoMapView* view, int x, int y) override;
+    bool Complete(IZoMapView* view, int x, int y, bool click) override;
+    bool BackOut() override;
+
 private:
-    bool OnDot(IZoMapView* view, int objectId) const { return Ready(view) && m_dot.Is(objectId); }
+    // Places the dot, making a new one when the old is gone.
+    void Place(const CVector3D& point);
     void MoveDot(const CVector3D& point);
 
     CVector3D m_start;

@@ -1,9 +1,12 @@
 #include "edit/CZoEditObjectBase.h"
 
 #include <ZoGraphics/CZoGraphicsModule.h>
+#include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/IZoGraphicsMapObject.h>
 #include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/IZoMapView.h>
+
+#include <QApplication>
 
 #include <cmath>
 
@@ -21,6 +24,7 @@ bool CZoEditObjectBase::Initialise(IZoGraphicsModule* module, IZoGraphicsMapLaye
     LeaveHost();
     m_module = module;
     m_layer = layer;
+    m_layerId = layer ? layer->GetLayerID() : -1;
     // The host delivers view events to its handler chain; joining it here
     // leaves the host nothing to do but attach users.
     if (auto* graphics = dynamic_cast<CZoGraphicsModule*>(module))
@@ -45,12 +49,29 @@ void CZoEditObjectBase::Unintialise()
     DestroyHandles();
     m_module = nullptr;
     m_layer = nullptr;
+    m_layerId = -1;
+}
+
+void CZoEditObjectBase::Dispose()
+{
+    Unintialise();
+    if (m_busy > 0)
+        m_disposed = true;
+    else
+        delete this;
+}
+
+CZoEditObjectBase::CBusy::~CBusy()
+{
+    if (--m_gadget.m_busy == 0 && m_gadget.m_disposed)
+        delete &m_gadget;
 }
 
 void CZoEditObjectBase::AttachEditableUser(IZoGraphicsEditableUser* user)
 {
     if (!user || !m_module || user == m_user)
         return;
+    CBusy busy(*this);
     m_user = user;
     m_dragging = false;
     m_enabled = true;
@@ -100,12 +121,91 @@ bool CZoEditObjectBase::OnHoverLeave(IZoMapView* view, int, int, int objectId)
     return true;
 }
 
-bool CZoEditObjectBase::TakeEscape(int key)
+bool CZoEditObjectBase::Follows(int objectId) const
 {
+    const IZoGraphicsMapObject* grabbed = Grabbed();
+    return grabbed && grabbed->GetObjectID() == objectId;
+}
+
+bool CZoEditObjectBase::OnMousePress(IZoMapView* view, int x, int y, int objectId)
+{
+    CBusy busy(*this);
+    DropLostGesture(view);
+    if (!Ready(view))
+        return false;
+    if (m_dragging)
+        return HoldsPressWhileDragging(objectId);
+    if (!Grab(view, x, y, objectId))
+        return false;
+    m_dragging = true;
+    m_dragBegun = false;
+    m_pressedAt = QPoint(x, y);
+    // The user may end the gesture from inside its callback (detach, disable,
+    // give the gadget back): then there is nothing left to start.
+    if (AskStart() || !m_dragging || !Grabbed())
+        return true;
+    RecordStart();
+    if (const char* cursor = DragCursor())
+        m_cursor.Set(view, cursor);
+    return true;
+}
+
+bool CZoEditObjectBase::OnMouseMove(IZoMapView* view, int x, int y, int objectId)
+{
+    CBusy busy(*this);
+    if (DropLostGesture(view) || !Ready(view) || !m_dragging || !Follows(objectId))
+        return false;
+    // A hand never presses quite still: until the pointer has gone the drag
+    // distance, the press may still be a click.
+    if (!m_dragBegun && IsClick(x, y))
+        return true;
+    m_dragBegun = true;
+    Drag(view, x, y);
+    return true;
+}
+
+bool CZoEditObjectBase::OnMouseRelease(IZoMapView* view, int x, int y, int objectId)
+{
+    CBusy busy(*this);
+    if (DropLostGesture(view) || !Ready(view) || !m_dragging || !Follows(objectId))
+        return false;
+    m_dragging = false;
+    if (!Complete(view, x, y, !m_dragBegun && IsClick(x, y)))
+        m_cursor.Restore(view);
+    return true;
+}
+
+bool CZoEditObjectBase::OnKeyPress(IZoMapView* view, int key)
+{
+    CBusy busy(*this);
     if (!m_enabled || !m_user || key != Qt::Key_Escape || !m_dragging)
         return false;
     m_dragging = false;
+    if (!BackOut())
+        m_cursor.Restore(view);
     return true;
+}
+
+bool CZoEditObjectBase::IsClick(int x, int y) const
+{
+    return (QPoint(x, y) - m_pressedAt).manhattanLength() < QApplication::startDragDistance();
+}
+
+bool CZoEditObjectBase::DropLostGesture(IZoMapView* view)
+{
+    if (!m_dragging || Grabbed())
+        return false;
+    m_dragging = false;
+    m_cursor.Restore(view);
+    return true;
+}
+
+bool CZoEditObjectBase::HandleLayerHeld() const
+{
+    if (!m_module)
+        return false;
+    auto* graphics = dynamic_cast<CZoGraphicsModule*>(m_module);
+    return !m_layer || !graphics || graphics->LookupGraphicsLayerById(m_layerId) == m_layer;
 }
 
 bool CZoEditObjectBase::PointerToGeo(IZoMapView* view, int x, int y, CVector3D* point)
@@ -122,12 +222,6 @@ void CZoEditObjectBase::Show(IZoGraphicsMapObject* handle, bool visible)
 {
     if (handle)
         handle->SetVisible(visible);
-}
-
-void CZoEditObjectBase::DestroyObject(IZoGraphicsMapObject* object, int id)
-{
-    if (object && m_module && m_module->LookupGraphicObject(id) == object)
-        m_module->DestroyGraphicsMapObject(object);
 }
 
 void CZoEditObjectBase::LeaveHost()

@@ -1,14 +1,21 @@
 // The module's registries against a plain model: objects and layers created,
 // renamed, looked up, stacked, switched and destroyed in any order, the
-// module torn down and made again.
+// module torn down and made again; edit gadgets whose handles' layer is
+// cleared, and hosts that tear the module down or give the gadget back from
+// inside a gadget's callback.
 #include "fuzz/ZoFuzz.h"
 
 #include <ZoGraphics/CZoMapModule.h>
+#include <ZoGraphics/IZoMapView.h>
+#include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphics.h>
 
+#include <QAbstractScrollArea>
 #include <QGraphicsScene>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace
@@ -44,6 +51,70 @@ struct SLayer
     bool alive = true;
 };
 
+// A host's view: pixel (x, y) is longitude x / 10, latitude -y / 10.
+class CGadgetView : public IZoMapView
+{
+public:
+    QAbstractScrollArea* GetScrollArea() override { return &m_area; }
+    bool ConvertPixelToGeo(int x, int y, double* lon, double* lat) override
+    {
+        *lon = x / 10.0;
+        *lat = -y / 10.0;
+        return true;
+    }
+
+private:
+    QAbstractScrollArea m_area;
+};
+
+// A host's editable user that answers false to everything, so that the
+// gadget moves its handles itself; armed, it runs a deed once from inside
+// the next step of a gesture.
+class CGadgetUser : public IZoGraphicsEditableUser
+{
+public:
+    std::function<void()> inside;
+    // Steps of the gesture to let pass before the deed.
+    int countdown = 0;
+
+    CVector3D GetEditorPosition(IZoGraphicsEditObject*) const override { return CVector3D(1.0, 1.0, 0.0); }
+    bool OnStartTranslation(IZoGraphicsEditObject*) override { return Fire(); }
+    bool OnProcessTranslation(IZoGraphicsEditObject*, const CVector3D&) override { return Fire(); }
+    bool OnBackoutTranslation(IZoGraphicsEditObject*, const CVector3D&) override { return Fire(); }
+    bool OnCompleteTranslation(IZoGraphicsEditObject*, const CVector3D&) override { return Fire(); }
+    CVector3D GetEditorControlPoint(IZoGraphicsEditObject*) const override { return CVector3D(1.0, 1.0, 0.0); }
+    bool OnStartRotation(IZoGraphicsEditObject*) override { return Fire(); }
+    bool OnProcessRotation(IZoGraphicsEditObject*, double, double) override { return Fire(); }
+    bool OnBackoutRotation(IZoGraphicsEditObject*, double) override { return Fire(); }
+    bool OnCompleteRotation(IZoGraphicsEditObject*, double) override { return Fire(); }
+    EXTENT GetEditorBoundingBox(IZoGraphicsEditObject*) const override { return EXTENT{0.0, 0.0, 2.0, 2.0}; }
+    bool OnStartScaleBoundingBox(IZoGraphicsEditObject*) override { return Fire(); }
+    bool OnProcessScaleBoundingBox(IZoGraphicsEditObject*, EXTENT&) override { return Fire(); }
+    bool OnBackoutScaleBoundingBox(IZoGraphicsEditObject*, EXTENT&) override { return Fire(); }
+    bool OnCompleteScaleBoundingBox(IZoGraphicsEditObject*, EXTENT&) override { return Fire(); }
+    std::vector<CVector3D> GetEditorKeyPointSet(IZoGraphicsEditObject*) override
+    {
+        return {CVector3D(0.0, 0.0, 0.0), CVector3D(2.0, 0.0, 0.0), CVector3D(2.0, 2.0, 0.0)};
+    }
+    bool IsEnableVirtualIndicate() const override { return true; }
+    bool OnProcessKeyPointChange(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
+    bool OnBackoutKeyPointChange(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
+    bool OnCompleteKeyPointChange(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
+    bool OnCompleteKeyPointInsert(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
+
+private:
+    bool Fire()
+    {
+        if (inside && countdown-- == 0)
+        {
+            const std::function<void()> deed = std::move(inside);
+            inside = nullptr;
+            deed();
+        }
+        return false;
+    }
+};
+
 class CRegistryRun
 {
 public:
@@ -52,6 +123,7 @@ public:
     {
         if (m_module)
             m_module->Unintialise();
+        GiveGadgetBack();
     }
     CRegistryRun(const CRegistryRun&) = delete;
     CRegistryRun& operator=(const CRegistryRun&) = delete;
@@ -72,11 +144,20 @@ public:
         case 9: Zoom(in); break;
         case 10: Paint(); break;
         case 11:
-            if (in.Int(0, 7) == 0)
-                Restart();
+            // Gadget deeds came late: they take the values that did nothing
+            // before and read no more bytes, so older inputs run as they did.
+            switch (const int deed = in.Int(0, 7))
+            {
+            case 0: Restart(); break;
+            case 5: ClearGadgetLayer(); break;
+            case 6: TearDownInsideCallback(); break;
+            case 7: GiveBackInsideCallback(); break;
+            default: MakeGadget(deed - 1); break;
+            }
             break;
         default: ObjectSwitch(in); break;
         }
+        ScanGadget();
         Compare();
     }
 
@@ -87,13 +168,165 @@ private:
         ZO_FUZZ_CHECK(m_module->Initialise("fuzz", &m_map), "initialise");
         m_layers = {{m_module->GetDeafultGraphicsLayer(), "Zo.DefaultGraphicsLayer", true}};
         m_objects.clear();
+        m_gadgetLayer = nullptr;
     }
 
     void Restart()
     {
         m_module->Unintialise();
+        Renew();
+    }
+
+    // After the module's teardown: a gadget left over stays inert until it
+    // is given back; then a fresh module.
+    void Renew()
+    {
+        DriveLostGadget();
+        GiveGadgetBack();
         m_module.reset();
         Start();
+    }
+
+    // Gadgets live on a layer of their own, outside the model: their
+    // handles are the module's objects but none of the model's.
+    void MakeGadget(int kind)
+    {
+        using Creator = IZoGraphicsEditObject* (IZoGraphicsModule::*)(IZoGraphicsMapLayer*);
+        static const Creator kCreators[] = {
+            &IZoGraphicsModule::CreateTranslateEditObject, &IZoGraphicsModule::CreateRotationEditObject,
+            &IZoGraphicsModule::CreateScaleEditObject, &IZoGraphicsModule::CreateKeyPointSetEditObject};
+        GiveGadgetBack();
+        if (!m_gadgetLayer)
+            m_gadgetLayer = m_module->CreateGraphicsLayer("Zo.EditGadgets");
+        m_scanFrom = GenerateZoObjectID();
+        m_gadgetIds.clear();
+        m_gadget = (m_module.get()->*kCreators[kind])(m_gadgetLayer);
+        ZO_FUZZ_CHECK(m_gadget != nullptr, "gadget creator failed");
+        m_gadget->AttachEditableUser(&m_user);
+        m_gadget->UpdateEditor(0);
+        // Left pressed: the next deed finds a drag under way.
+        m_gadget->OnMousePress(&m_view, 0, 0, HandleId());
+    }
+
+    void GiveGadgetBack()
+    {
+        if (m_gadget)
+            m_module->DestroyGraphicsEditObject(m_gadget);
+        m_gadget = nullptr;
+    }
+
+    // "Clear the drawing" under an attached gadget.
+    void ClearGadgetLayer()
+    {
+        if (!m_gadget || !m_gadgetLayer)
+            return;
+        m_gadgetLayer->DestroyAllMapObjects();
+        DriveLostGadget();
+    }
+
+    void TearDownInsideCallback()
+    {
+        if (!m_gadget)
+            return;
+        bool torn = false;
+        Arm([this, &torn] {
+            m_module->Unintialise();
+            torn = true;
+        });
+        if (torn)
+            Renew();
+    }
+
+    void GiveBackInsideCallback()
+    {
+        if (!m_gadget)
+            return;
+        Arm([this] {
+            m_module->DestroyGraphicsEditObject(m_gadget);
+            m_gadget = nullptr;
+        });
+    }
+
+    // Runs a gesture whose start, process, completion or backout (in turn
+    // from one deed to the next) does the deed.
+    void Arm(std::function<void()> deed)
+    {
+        const int at = m_deeds++ % 4;
+        m_user.countdown = at < 2 ? at : 3;
+        m_user.inside = std::move(deed);
+        const int id = HandleId();
+        if (m_gadget)
+            m_gadget->OnMousePress(&m_view, 0, 0, id);
+        for (int step : {1, 2})
+        {
+            if (m_gadget)
+                m_gadget->OnMouseMove(&m_view, 30 * step, -20 * step, id);
+        }
+        if (m_gadget && at == 3)
+            m_gadget->OnKeyPress(&m_view, Qt::Key_Escape);
+        else if (m_gadget)
+            m_gadget->OnMouseRelease(&m_view, 60, -40, id);
+        m_user.inside = nullptr;
+    }
+
+    // Everything a host may still do with a gadget whose handles are gone.
+    void DriveLostGadget()
+    {
+        if (!m_gadget)
+            return;
+        const int id = HandleId();
+        m_gadget->OnHoverEnter(&m_view, 0, 0, id);
+        m_gadget->OnMouseMove(&m_view, 30, -30, id);
+        m_gadget->OnMouseRelease(&m_view, 30, -30, id);
+        m_gadget->OnKeyPress(&m_view, Qt::Key_Escape);
+        m_gadget->SetEditorPoint(CVector3D(0.5, 0.5, 0.0), 0);
+        m_gadget->DetachEditableUser();
+        m_gadget->AttachEditableUser(&m_user);
+        m_gadget->UpdateEditor(0);
+    }
+
+    // Picks up the gadget's handles among the ids drawn since the last look:
+    // it makes them in its own operations and on view changes.
+    void ScanGadget()
+    {
+        if (!m_gadget)
+            return;
+        const int last = GenerateZoObjectID();
+        for (int id = m_scanFrom; id < last; ++id)
+        {
+            if (m_gadget->IsEditObjectHandle(id))
+                m_gadgetIds.push_back(id);
+        }
+        m_scanFrom = last;
+    }
+
+    // The gadget's first live dot.
+    int HandleId()
+    {
+        ScanGadget();
+        for (int id : m_gadgetIds)
+        {
+            if (dynamic_cast<IZoDotMapObject*>(m_module->LookupGraphicObject(id)))
+                return id;
+        }
+        return -1;
+    }
+
+    // The model's objects and the gadget's handles, by id: the rotation
+    // label has a name the model looks up ("").
+    std::vector<SObject> Registered() const
+    {
+        std::vector<SObject> all = m_objects;
+        if (!m_gadget)
+            return all;
+        for (int id : m_gadgetIds)
+        {
+            if (IZoGraphicsMapObject* handle = m_module->LookupGraphicObject(id))
+                all.push_back({handle, id, handle->GetName(),
+                               dynamic_cast<IZoTextMapObject*>(handle) ? Text : KindCount, -1, true});
+        }
+        std::sort(all.begin(), all.end(), [](const SObject& a, const SObject& b) { return a.id < b.id; });
+        return all;
     }
 
     template <typename T>
@@ -295,10 +528,11 @@ private:
     // The registries as the model says they must be.
     void Compare() const
     {
+        const std::vector<SObject> all = Registered();
         for (const char* name : kNames)
         {
             const SObject* first = nullptr;
-            for (const SObject& o : m_objects)
+            for (const SObject& o : all)
                 if (o.alive && o.name == name)
                 {
                     first = &o;
@@ -308,7 +542,7 @@ private:
             for (int k = 0; k < KindCount; ++k)
             {
                 const SObject* typed = nullptr;
-                for (const SObject& o : m_objects)
+                for (const SObject& o : all)
                     if (o.alive && o.name == name && SameLookup(static_cast<EKind>(k), o.kind))
                     {
                         typed = &o;
@@ -349,6 +583,13 @@ private:
     }
 
     CZoMapModule& m_map;
+    CGadgetView m_view;
+    CGadgetUser m_user;
+    IZoGraphicsEditObject* m_gadget = nullptr;
+    IZoGraphicsMapLayer* m_gadgetLayer = nullptr;
+    std::vector<int> m_gadgetIds;
+    int m_scanFrom = 0;
+    int m_deeds = 0;
     std::unique_ptr<CZoGraphicsModule> m_module;
     std::vector<SObject> m_objects;
     std::vector<SLayer> m_layers;

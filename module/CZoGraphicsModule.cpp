@@ -174,6 +174,13 @@ int CZoGraphicsModule::GetRegisteredObjectCount() const
     return static_cast<int>(m_objects.size());
 }
 
+IZoGraphicsMapLayer* CZoGraphicsModule::LookupGraphicsLayerById(int id) const
+{
+    CZoLockGuard guard(*m_layerLock);
+    const auto found = m_layers.find(id);
+    return found == m_layers.end() ? nullptr : found->second;
+}
+
 IZoGraphicsMapLayer* CZoGraphicsModule::GetDeafultGraphicsLayer() const
 {
     return m_defaultLayer;
@@ -330,6 +337,9 @@ void CZoGraphicsModule::DestroyGraphicsEditObject(IZoGraphicsEditObject* editObj
 {
     if (!editObject)
         return;
+    // A gadget given back from inside its own callback lives until that returns.
+    if (auto* gadget = dynamic_cast<CZoEditObjectBase*>(editObject))
+        return gadget->Dispose();
     editObject->Unintialise();
     delete editObject;
 }

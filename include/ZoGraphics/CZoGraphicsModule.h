@@ -74,6 +74,10 @@ public:
     /// The object registry's size, edit gadgets' handles included; like
     /// GetRegisteredLayerCount(), it counts the keys Unintialise leaves behind.
     int GetRegisteredObjectCount() const;
+    /// The live layer with id `id`; null once it is destroyed (or the module
+    /// uninitialised). Ids are never reused, so a holder of a layer's id can
+    /// tell whether its layer is still there without touching it.
+    IZoGraphicsMapLayer* LookupGraphicsLayerById(int id) const;
 
     IZoGraphicsMapLayer* GetDeafultGraphicsLayer() const override;
     IZoGraphicsMapLayer* CreateGraphicsLayer(const std::string& name) override;

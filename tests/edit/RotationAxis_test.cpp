@@ -51,9 +51,9 @@ TEST_F(RotationAxisTest, HandlesWaitHiddenForTheControlPoint)
     EXPECT_FALSE(axis->IsVisible());
     axis->UpdateEditor(0);
     EXPECT_TRUE(axis->IsVisible());
-    EXPECT_EQ(dot->GetPosition(), user.controlPoint);
+    EXPECT_EQ(axis->GetArm()->GetData().front(), user.controlPoint);
     axis->SetEditorPoint(CVector3D(1.0, 1.0, 0.0), 0);
-    EXPECT_EQ(dot->GetPosition(), CVector3D(1.0, 1.0, 0.0));
+    EXPECT_EQ(axis->GetArm()->GetData().front(), CVector3D(1.0, 1.0, 0.0));
     EXPECT_EQ(label->GetPosition(), CVector3D(1.0, 1.0, 0.0));
 }
 
@@ -82,7 +82,7 @@ TEST_F(RotationAxisTest, AngleGrowsSmoothlyThroughAFullTurn)
 TEST_F(RotationAxisTest, TurningBackAndEscape)
 {
     axis->UpdateEditor(0);
-    axis->OnMousePress(&view, 0, 0, DotId());
+    axis->OnMousePress(&view, 0, -10, DotId());
     // Just left of up reads as a small turn back, not almost a full one.
     axis->OnMouseMove(&view, -10, -10, -1);
     axis->OnMouseMove(&view, 0, 0, -1); // on the control point: no direction, no call

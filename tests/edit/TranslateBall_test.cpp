@@ -130,11 +130,11 @@ TEST_F(TranslateBallTest, TrueAnswersMeanTheUserTookTheStep)
     ball->UpdateEditor(1);
     EXPECT_EQ(ball->GetDot()->GetPosition(), CVector3D(5.0, 5.0, 0.0));
 
-    // Taking the start leaves no start value: Escape backs out to zero.
+    // Taking the start records none: Escape backs out to the last one.
     user.takeOver = {"StartTranslation", "BackoutTranslation"};
     Drag({CVector3D(6.0, 6.0, 0.0)});
     ball->OnKeyPress(&view, Qt::Key_Escape);
-    EXPECT_EQ(user.calls.back(), "BackoutTranslation 0.0000,0.0000");
+    EXPECT_EQ(user.calls.back(), "BackoutTranslation 2.0000,3.0000");
 }
 
 TEST_F(TranslateBallTest, PointerEventsOffTheDotAreNotConsumed)
@@ -185,8 +185,8 @@ TEST_F(TranslateBallTest, AttachDetachAndReplaceUsers)
     EXPECT_FALSE(ball->IsDragging());
     EXPECT_EQ(ball->GetDot(), dot); // handles are kept
     EXPECT_EQ(dot->GetPosition(), second.position);
-    Drag({CVector3D(0.0, 0.0, 0.0)});
-    ball->OnMouseRelease(&view, 0, 0, DotId());
+    Drag({CVector3D(1.0, 1.0, 0.0)});
+    ball->OnMouseRelease(&view, 10, -10, DotId());
     EXPECT_EQ(user.calls.size(), 2u); // none reached the first user
     EXPECT_EQ(second.calls.size(), 3u);
 

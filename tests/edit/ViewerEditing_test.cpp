@@ -85,10 +85,13 @@ TEST_F(ViewerEditingTest, RotationAxisTurnsAndUndoes)
     editor->Select(rect);
     editor->SetTool(CViewerEditor::kRotate);
     auto* axis = static_cast<CRotationAxis*>(editor->GetGadget(CViewerEditor::kRotate));
-    const QPoint centre = At(axis->GetDot());
-    EXPECT_EQ(centre, At(140.0, -28.0));
-    Send(QEvent::MouseMove, centre, Qt::NoButton);
-    Send(QEvent::MouseButtonPress, centre, Qt::LeftButton);
+    // The handle ends an arm straight up from the pivot, at the rectangle's centre.
+    const QPoint centre = At(140.0, -28.0);
+    const QPoint handle = At(axis->GetDot());
+    EXPECT_EQ(handle.x(), centre.x());
+    EXPECT_LT(handle.y(), centre.y() - 30);
+    Send(QEvent::MouseMove, handle, Qt::NoButton);
+    Send(QEvent::MouseButtonPress, handle, Qt::LeftButton);
     for (QPoint p : {QPoint(0, -60), QPoint(42, -42), QPoint(60, 0)})
         Send(QEvent::MouseMove, centre + p, Qt::LeftButton);
     EXPECT_TRUE(axis->GetLabel()->IsVisible());
