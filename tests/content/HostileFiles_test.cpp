@@ -75,11 +75,11 @@ QImage Small()
     return image;
 }
 
-// A valid 8 x 8 PNG or JPEG whose header claims side x side pixels: the
+// A valid small PNG or JPEG whose header claims side x side pixels: the
 // PNG's image header (its checksum fixed), the JPEG's frame header.
 QByteArray Claiming(const char* format, quint16 side)
 {
-    QByteArray bytes = Encoded(QImage(8, 8, QImage::Format_RGB32), format);
+    QByteArray bytes = Encoded(Small(), format);
     const bool png = qstrcmp(format, "PNG") == 0;
     const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5;
     const int step = png ? 4 : 2;
