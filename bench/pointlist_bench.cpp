@@ -119,6 +119,31 @@ void BM_PolylineHoverHit(benchmark::State& state)
 }
 BENCHMARK(BM_PolylineHoverHit)->Arg(1000000)->Unit(benchmark::kMicrosecond)->Apply(ZoBench::ReportMinimum);
 
+// The reference view's lookup of the object under the pointer: Qt asks each
+// item with a pixel-sized rectangle, which the line answers from its segment
+// grid (built by the first query) rather than by stroking all of it.
+void BM_ViewHoverLongLine(benchmark::State& state)
+{
+    LineScene scene(static_cast<std::size_t>(state.range(0)));
+    CZoMapView view(&scene.Map());
+    view.resize(kFrameWidth, kFrameHeight);
+    const QGraphicsItem* item = scene.Line()->GetQtItem();
+    const QPolygonF& offsets = scene.Line()->GetItem()->Offsets().lines.front();
+    std::vector<QPoint> probes;
+    for (int i = 0; i < 64; ++i)
+    {
+        const QPoint on = view.mapFromScene(offsets[(i * 15331) % offsets.size()] + item->pos());
+        probes.push_back(i % 2 ? on : on + QPoint(0, 40));
+    }
+    view.MapObjectIdAt(probes.front());
+    std::size_t next = 0;
+    int hits = 0;
+    for (auto _ : state)
+        hits += view.MapObjectIdAt(probes[next++ & 63]) >= 0;
+    state.counters["hit_share"] = static_cast<double>(hits) / static_cast<double>(state.iterations());
+}
+BENCHMARK(BM_ViewHoverLongLine)->Arg(1000000)->Arg(10000000)->Unit(benchmark::kMicrosecond)->Apply(ZoBench::ReportMinimum);
+
 // 100,000 points of a walk fitted into the frame.
 QPolygonF FramedWalk(int count)
 {

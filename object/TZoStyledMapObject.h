@@ -75,7 +75,7 @@ public:
     QColor GetBrushColor() const override { return this->m_style.brushColor; }
     void SetBrushTextureFile(unsigned int brushStyle, const std::string& path) override
     {
-        this->m_style.LoadBrushTextureFile(brushStyle, path);
+        this->m_style.LoadBrushTextureFile(brushStyle, path, Derived::kLogNames.className);
         this->Core().Update();
     }
     void SetBrushTexture(unsigned int brushStyle, const QPixmap& texture) override

@@ -3,11 +3,15 @@
 #include <ZoGraphics/ZoLogSystem.h>
 
 // Every warning of the library reads "[Class::Method] reason". The prefix is
-// built here, once, from the names the caller passes.
+// built here, once, from the names the caller passes; free functions pass no
+// class and read "[Function] reason".
 inline CZoLogObject ZoLogWarnAt(const char* className, const char* method)
 {
     CZoLogObject log = ZoLogWarn();
-    log << '[' << className << "::" << method << "] ";
+    log << '[';
+    if (className)
+        log << className << "::";
+    log << method << "] ";
     return log;
 }
 

@@ -1,5 +1,7 @@
 #include "object/ZoStyleRecords.h"
 
+#include "object/ZoPictureReader.h"
+
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
@@ -49,11 +51,13 @@ void SurfaceStyle::ApplyToPainter(QPainter* painter, double scale) const
     painter->setBrush(brush);
 }
 
-void SurfaceStyle::LoadBrushTextureFile(std::uint32_t style, const std::string& path)
+void SurfaceStyle::LoadBrushTextureFile(std::uint32_t style, const std::string& path, const char* className)
 {
     if (&path != &brushTextureFile)
         brushTextureFile = path;
-    brushTexture = QPixmap(ConvertStdStringToQString(brushTextureFile, ZoGraphicsConstantNS::STR_CODE_PAGE));
+    brushTexture = QPixmap::fromImage(ZoReadPicture(
+        ConvertStdStringToQString(brushTextureFile, ZoGraphicsConstantNS::STR_CODE_PAGE),
+        SZoLogSite{className, "SetBrushTextureFile"}));
     brushStyle = style;
 }
 

@@ -32,7 +32,8 @@ struct SurfaceStyle
     // Both on a painter: the outline pen scaled by scale, and the fill.
     void ApplyToPainter(QPainter* painter, double scale) const;
     // Stores the path, loads the picture (null when unreadable) and the style.
-    void LoadBrushTextureFile(std::uint32_t style, const std::string& path);
+    // Refusals are logged as "[className::SetBrushTextureFile] ...".
+    void LoadBrushTextureFile(std::uint32_t style, const std::string& path, const char* className = "SurfaceStyle");
 };
 
 // Pen and arrow of a line shape.

@@ -1,12 +1,12 @@
 #include "content/markpoint/CZoMarkPointMapObject.h"
 
 #include "content/text/ZoTextBlockMetrics.h"
+#include "object/ZoPictureReader.h"
 #include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
-#include <QFile>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QMimeDatabase>
@@ -21,18 +21,14 @@ constexpr int kVideoIconSize = 64;
 // gives no picture.
 QPixmap PictureOfFile(const QString& path)
 {
+    const SZoLogSite site{"CZoMarkPointMapObject", "SetIconFile"};
+    QPixmap picture;
+    if (!ZoCheckRegularFile(path, site))
+        return picture;
     const QFileInfo info(path);
     const QString type = QMimeDatabase().mimeTypeForFile(info).name();
-    QPixmap picture;
     if (type.startsWith(QLatin1String("image/")))
-    {
-        if (picture.load(path) || picture.load(path, info.suffix().toLatin1().constData()))
-            return picture;
-        QFile file(path);
-        if (file.open(QIODevice::ReadOnly))
-            picture.loadFromData(file.readAll());
-        return picture;
-    }
+        return QPixmap::fromImage(ZoReadPicture(path, site));
     if (type.startsWith(QLatin1String("video/")))
         return QFileIconProvider().icon(info).pixmap(kVideoIconSize, kVideoIconSize, QIcon::Normal, QIcon::Off);
     return picture;

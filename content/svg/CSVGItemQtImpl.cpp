@@ -1,6 +1,7 @@
 #include "content/svg/CSVGItemQtImpl.h"
 
 #include "content/svg/CZoSVGMapObject.h"
+#include "object/ZoPictureReader.h"
 
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
@@ -16,10 +17,13 @@ CSVGItemQtImpl::CSVGItemQtImpl(CZoSVGMapObject* owner)
     setCacheMode(QGraphicsItem::NoCache);
 }
 
-bool CSVGItemQtImpl::Load(const QString& path)
+bool CSVGItemQtImpl::Load(const QString& path, const char* method)
 {
+    QByteArray xml;
+    if (!ZoReadSvgDocument(path, SZoLogSite{"CZoSVGMapObject", method}, &xml))
+        return false;
     auto renderer = std::make_unique<QSvgRenderer>();
-    if (!renderer->load(path))
+    if (!renderer->load(xml))
         return false;
     prepareGeometryChange();
     setSharedRenderer(renderer.get());
@@ -31,7 +35,7 @@ void CSVGItemQtImpl::PaintOnCanvas(QPainter* painter, int)
 {
     // A temporary item has no picture yet: it reads the object's file.
     if (m_owner->GetQtItem() != this && !m_owner->GetSVGFile().empty())
-        Load(ConvertStdStringToQString(m_owner->GetSVGFile(), ZoGraphicsConstantNS::STR_CODE_PAGE));
+        Load(ConvertStdStringToQString(m_owner->GetSVGFile(), ZoGraphicsConstantNS::STR_CODE_PAGE), "PaintOnCanvas");
     const QSizeF size = boundingRect().size();
     if (size.isEmpty() || !m_renderer->isValid())
         return;

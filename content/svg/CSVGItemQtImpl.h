@@ -15,7 +15,8 @@ class CSVGItemQtImpl final : public TZoGraphicsItem<QGraphicsSvgItem, CZoSVGMapO
 public:
     explicit CSVGItemQtImpl(CZoSVGMapObject* owner);
 
-    bool Load(const QString& path);
+    // Refusals are logged as "[CZoSVGMapObject::method] ...".
+    bool Load(const QString& path, const char* method);
     QSvgRenderer* Renderer() const { return m_renderer.get(); }
 
     void RebuildShape(bool) override {}

@@ -1,6 +1,7 @@
 #include "content/svg/CZoSVGMapObject.h"
 
 #include "object/ZoLogText.h"
+#include "object/ZoPictureReader.h"
 #include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoMapModule.h>
@@ -13,34 +14,6 @@
 namespace
 {
 constexpr const char* kClassName = "CZoSVGMapObject";
-// Largest side of a rasterised picture. An SVG may declare any size; its
-// image is scaled down to this rather than allocating gigabytes.
-constexpr int kMaxImageSide = 8192;
-
-// Renders into a transparent ARGB image of the given size. An SVG may
-// declare any size: beyond kMaxImageSide the image is scaled down (capped)
-// rather than allocating gigabytes.
-QImage Rasterise(QSvgRenderer& renderer, const QSizeF& requested, bool* capped)
-{
-    *capped = false;
-    QSizeF size = requested;
-    if (!std::isfinite(size.width()) || !std::isfinite(size.height()))
-        return QImage();
-    if (size.width() > kMaxImageSide || size.height() > kMaxImageSide)
-    {
-        size.scale(kMaxImageSide, kMaxImageSide, Qt::KeepAspectRatio);
-        *capped = true;
-    }
-    QImage image(size.toSize(), QImage::Format_ARGB32);
-    if (image.isNull())
-        return image;
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    renderer.render(&painter, QRectF(QPointF(0.0, 0.0), size));
-    return image;
-}
-
-constexpr const char* kImageCapped = "SVG尺寸过大, 图像已缩小到: ";
 
 bool IsFinite(const EXTENT& e)
 {
@@ -74,7 +47,7 @@ bool CZoSVGMapObject::LoadSVGFile(const std::string& path, const CVector3D& cent
         ZoLogWarnAt(kClassName, "LoadSVGFile") << "传入路径相等，不重复加载";
         return true;
     }
-    const bool loaded = item->Load(ConvertStdStringToQString(path, ZoGraphicsConstantNS::STR_CODE_PAGE));
+    const bool loaded = item->Load(ConvertStdStringToQString(path, ZoGraphicsConstantNS::STR_CODE_PAGE), "LoadSVGFile");
     if (loaded)
         m_path = path;
     else
@@ -129,11 +102,7 @@ QImage CZoSVGMapObject::ConvertToImage() const
         ZoLogWarnAt(kClassName, "ConvertToImage") << "Qt-Item获取QSvgRenderer为空";
         return QImage();
     }
-    bool capped = false;
-    QImage image = Rasterise(*renderer, item->boundingRect().size(), &capped);
-    if (capped)
-        ZoLogWarnAt(kClassName, "ConvertToImage") << kImageCapped << image.width() << "x" << image.height();
-    return image;
+    return ZoRasteriseSvg(*renderer, item->boundingRect().size(), SZoLogSite{kClassName, "ConvertToImage"});
 }
 
 void CZoSVGMapObject::SetGeoExtent(const EXTENT& extent)
@@ -313,17 +282,17 @@ void CZoSVGMapObject::Rotate(double degrees)
 
 QImage ConvertSVGToImage(const std::string& path)
 {
+    const SZoLogSite site{nullptr, "ConvertSVGToImage"};
+    QByteArray xml;
+    if (!ZoReadSvgDocument(ConvertStdStringToQString(path, ZoGraphicsConstantNS::STR_CODE_PAGE), site, &xml))
+        return QImage();
     QSvgRenderer renderer;
     // The outcome is read the other way round: a file that loads gives no
     // image, one that does not gives the (empty) view box. Hosts depend on it.
-    if (renderer.load(ConvertStdStringToQString(path, ZoGraphicsConstantNS::STR_CODE_PAGE)))
+    if (renderer.load(xml))
     {
-        ZoLogWarn() << "[ConvertSVGToImage] Qt加载SVG失败";
+        ZoLogWarnAt(site.className, site.method) << "Qt加载SVG失败";
         return QImage();
     }
-    bool capped = false;
-    QImage image = Rasterise(renderer, renderer.viewBoxF().size(), &capped);
-    if (capped)
-        ZoLogWarn() << "[ConvertSVGToImage] " << kImageCapped << image.width() << "x" << image.height();
-    return image;
+    return ZoRasteriseSvg(renderer, renderer.viewBoxF().size(), site);
 }

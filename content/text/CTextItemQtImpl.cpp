@@ -1,5 +1,6 @@
 #include "content/text/CTextItemQtImpl.h"
 
+#include "content/text/CZoTextDocument.h"
 #include "content/text/CZoTextMapObject.h"
 
 #include <QPainter>
@@ -9,6 +10,8 @@
 
 CTextItemQtImpl::CTextItemQtImpl(CZoTextMapObject* owner) : TZoGraphicsItem(owner)
 {
+    // Owned by the item, as Qt's own document would be.
+    setDocument(new CZoTextDocument(this));
     QTextDocument* doc = document();
     connect(doc, SIGNAL(cursorPositionChanged(const QTextCursor&)), this, SLOT(OnCursorPosChanged()),
             Qt::UniqueConnection);

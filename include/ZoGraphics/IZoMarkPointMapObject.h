@@ -66,8 +66,12 @@ public:
     /// The kind of file is judged by its name and content: an image is read even
     /// when its suffix misleads; a video shows the system's 64 x 64 icon for that
     /// file; anything else, or a file that is missing or unreadable, gives a null
-    /// picture, which clears the icon. Nothing is logged. The path is kept
-    /// whatever the outcome (see GetIconFile()).
+    /// picture, which clears the icon. Nothing is logged, except for the
+    /// refusals that SetBrushTextureFile() logs, here as
+    /// "[CZoMarkPointMapObject::SetIconFile] ...": what is not a regular file
+    /// is never opened, a raster picture larger than 8,192 pixels on a side is
+    /// not decoded, an SVG that large is scaled down. The path is kept whatever
+    /// the outcome (see GetIconFile()).
     virtual void SetIconFile(const std::string& path) = 0;       // 68: GB18030
     /// Sets the icon picture; a null picture removes it.
     ///

@@ -48,7 +48,12 @@ public:
     ///   without changing anything, not even the centre;
     /// - a file that does not load: logs "[CZoSVGMapObject::LoadSVGFile] Qt-Item加载SVG失败"
     ///   and returns false, yet the picture held before is still moved to center and
-    ///   reset as above.
+    ///   reset as above. Before it, a path that is not a regular file (never
+    ///   opened) logs "[CZoSVGMapObject::LoadSVGFile] 不是普通文件, 拒绝读取: " and
+    ///   the path, and a file whose <image> elements name something other than a
+    ///   regular file, another SVG or a picture within 8,192 pixels a side logs
+    ///   "[CZoSVGMapObject::LoadSVGFile] SVG引用的图片不可读取或过大, 拒绝加载: " and
+    ///   the reference. A file (inflated, when compressed) over 64 MiB is refused too.
     virtual bool LoadSVGFile(const std::string& path, const CVector3D& center) = 0; // 59: GB18030 path
     /// The path of the file last loaded successfully; empty before.
     virtual std::string GetSVGFile() const = 0;                                     // 60
@@ -145,5 +150,6 @@ public:
 /// a file that does not load (or is missing) gives the image of the renderer's
 /// empty view box, which is a null image too, without a log. So no call yields a
 /// picture: to rasterise an SVG, load it into an IZoSVGMapObject and use
-/// IZoSVGMapObject::ConvertToImage().
+/// IZoSVGMapObject::ConvertToImage(). A file refused as LoadSVGFile() refuses
+/// it gives a null image and logs the same texts, as "[ConvertSVGToImage] ...".
 ZOGRAPHICS_EXPORT QImage ConvertSVGToImage(const std::string& path);

@@ -74,8 +74,15 @@ public:
     /// @param brushStyle the `Qt::BrushStyle` value to store; 24
     /// (`Qt::TexturePattern`) for a texture.
     /// @param path the picture's path, GB18030-encoded, kept as given for
-    /// GetBrushTextureFile(). A file that cannot be read leaves a null
-    /// texture and logs nothing.
+    /// GetBrushTextureFile(). A file that is missing or cannot be read leaves
+    /// a null texture and logs nothing. A null texture is also left, with a
+    /// log, by what is not a regular file (a named pipe or a device is never
+    /// opened): "[<Class>::SetBrushTextureFile] 不是普通文件, 拒绝读取: "
+    /// followed by the path; and by a raster picture larger than 8,192 pixels
+    /// on a side, which is not decoded: "[<Class>::SetBrushTextureFile]
+    /// 图片尺寸过大或未知, 拒绝解码: " followed by its size, as in "30000x30000".
+    /// An SVG picture that large is rendered scaled down to fit and logs
+    /// "[<Class>::SetBrushTextureFile] SVG尺寸过大, 图像已缩小到: " and the size.
     virtual void SetBrushTextureFile(unsigned int brushStyle, const std::string& path) = 0; // 71
     /// Sets the brush style and the texture picture and repaints; the texture
     /// file name stays as it was.

@@ -59,7 +59,10 @@ public:
     virtual std::string GetText() const = 0;                     // 66
     /// Replaces the content with rich text given as HTML (GB18030) and switches
     /// to HTML mode. The text colour, outline and font set here still apply to
-    /// every character.
+    /// every character. Images and style sheets are read from local files only
+    /// when they are regular files, and pictures as SetBrushTextureFile() reads
+    /// them; a refusal logs "[CZoTextMapObject::SetHtml] " and the reason, and a
+    /// refused or missing image shows Qt's broken-image picture.
     virtual void SetHtml(const std::string& html) = 0;           // 67
     /// The content as an HTML document (GB18030), as Qt writes it out, which is
     /// not the string given to SetHtml(). Without a Qt item, the stored HTML in

@@ -42,12 +42,17 @@ public:
 
     bool contains(const QPointF& point) const override
     {
-        if (this->Suppressed())
-            return false;
-        QMutexLocker lock(&this->m_mutex);
-        if (!m_index.IsBuilt())
-            m_index.Build(m_hitLines);
-        return m_index.Hits(point, m_halfWidth);
+        return IndexHits(QRectF(point, QSizeF(0.0, 0.0)));
+    }
+
+    // Qt asks which items lie under the pointer with a pixel-sized rectangle;
+    // the segment grid answers that without stroking the whole line.
+    bool collidesWithPath(const QPainterPath& path, Qt::ItemSelectionMode mode) const override
+    {
+        QRectF rect;
+        if (mode != Qt::IntersectsItemShape || !ZoPointList::IsAxisAlignedRect(path, &rect))
+            return QtBase::collidesWithPath(path, mode);
+        return IndexHits(rect);
     }
 
     void RebuildShape(bool forced) override
@@ -107,6 +112,16 @@ public:
     }
 
 private:
+    bool IndexHits(const QRectF& rect) const
+    {
+        if (this->Suppressed())
+            return false;
+        QMutexLocker lock(&this->m_mutex);
+        if (!m_index.IsBuilt())
+            m_index.Build(m_hitLines);
+        return m_index.HitsRect(rect, m_halfWidth);
+    }
+
     // The segment the name follows, by the label placement: 0 the first,
     // 1 the middle, 2 the last segment of the first drawn line.
     bool LabelSegment(const std::vector<QPolygonF>& lines, QPointF* from, QPointF* to) const

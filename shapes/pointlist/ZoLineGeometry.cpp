@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
@@ -17,6 +18,7 @@ constexpr int kStrokeRun = 48;
 // A segment touching more cells than this is tested on every query.
 constexpr long kMaxCellsPerSegment = 64;
 constexpr long kMaxCells = 1L << 22;
+constexpr double kSegmentsPerCell = 32.0;
 constexpr double kWingAngle = 22.5;
 
 // A line up to this many device pixels wide is drawn as two hairlines, each
@@ -281,14 +283,24 @@ void CZoSegmentIndex::Build(const std::vector<QPolygonF>& lines)
 {
     Reset();
     m_built = true;
+    // The segments are read from the lines in place: a copy of ten million
+    // of them would cost a third of a gigabyte and most of the build's time.
+    m_lines = &lines;
+    int count = 0;
     for (const QPolygonF& line : lines)
-        for (int i = 1; i < line.size(); ++i)
-            m_segments.emplace_back(line[i - 1], line[i]);
-    if (m_segments.empty())
+    {
+        m_lineStart.push_back(count);
+        count += std::max(0, line.size() - 1);
+    }
+    m_segmentCount = count;
+    if (count == 0)
         return;
     m_bounds = BoundsOf(lines);
     const double side = std::max(m_bounds.width(), m_bounds.height());
-    const double cellsPerSide = std::max(1.0, std::sqrt(static_cast<double>(m_segments.size())));
+    // A few segments share a cell: a finer grid than this makes the cell
+    // table outgrow the processor's caches, and building it then costs more
+    // than the queries save.
+    const double cellsPerSide = std::max(1.0, std::sqrt(static_cast<double>(count) / kSegmentsPerCell));
     m_cellSize = std::max(side / cellsPerSide, 1e-9);
     m_columns = static_cast<int>(std::min(2048.0, std::floor(m_bounds.width() / m_cellSize) + 1));
     m_rows = static_cast<int>(std::min(2048.0, std::floor(m_bounds.height() / m_cellSize) + 1));
@@ -298,35 +310,52 @@ void CZoSegmentIndex::Build(const std::vector<QPolygonF>& lines)
     // contiguously.
     const long cells = std::min(kMaxCells, static_cast<long>(m_columns) * m_rows);
     m_cellStart.assign(static_cast<std::size_t>(cells) + 1, 0);
-    auto forEachCell = [this](const QLineF& s, auto&& visit) -> bool {
-        const int c0 = std::clamp(static_cast<int>((std::min(s.x1(), s.x2()) - m_bounds.left()) / m_cellSize), 0, m_columns - 1);
-        const int c1 = std::clamp(static_cast<int>((std::max(s.x1(), s.x2()) - m_bounds.left()) / m_cellSize), 0, m_columns - 1);
-        const int r0 = std::clamp(static_cast<int>((std::min(s.y1(), s.y2()) - m_bounds.top()) / m_cellSize), 0, m_rows - 1);
-        const int r1 = std::clamp(static_cast<int>((std::max(s.y1(), s.y2()) - m_bounds.top()) / m_cellSize), 0, m_rows - 1);
-        if (static_cast<long>(c1 - c0 + 1) * (r1 - r0 + 1) > kMaxCellsPerSegment)
-            return false;
-        for (int r = r0; r <= r1; ++r)
-            for (int c = c0; c <= c1; ++c)
-                visit(r * m_columns + c);
-        return true;
+    const double inverse = 1.0 / m_cellSize;
+    const auto forEachSegmentCells = [&](auto&& visit, auto&& tooLong) {
+        int id = 0;
+        for (const QPolygonF& line : lines)
+        {
+            for (int i = 1; i < line.size(); ++i, ++id)
+            {
+                const QPointF& p = line[i - 1];
+                const QPointF& q = line[i];
+                const int c0 = std::clamp(static_cast<int>((std::min(p.x(), q.x()) - m_bounds.left()) * inverse), 0, m_columns - 1);
+                const int c1 = std::clamp(static_cast<int>((std::max(p.x(), q.x()) - m_bounds.left()) * inverse), 0, m_columns - 1);
+                const int r0 = std::clamp(static_cast<int>((std::min(p.y(), q.y()) - m_bounds.top()) * inverse), 0, m_rows - 1);
+                const int r1 = std::clamp(static_cast<int>((std::max(p.y(), q.y()) - m_bounds.top()) * inverse), 0, m_rows - 1);
+                if (static_cast<long>(c1 - c0 + 1) * (r1 - r0 + 1) > kMaxCellsPerSegment)
+                {
+                    tooLong(id);
+                    continue;
+                }
+                for (int r = r0; r <= r1; ++r)
+                    for (int c = c0; c <= c1; ++c)
+                        visit(r * m_columns + c, id);
+            }
+        }
     };
-    for (const QLineF& s : m_segments)
-        forEachCell(s, [this](int cell) { ++m_cellStart[static_cast<std::size_t>(cell) + 1]; });
+    forEachSegmentCells([this](int cell, int) { ++m_cellStart[static_cast<std::size_t>(cell) + 1]; }, [](int) {});
     for (std::size_t c = 1; c < m_cellStart.size(); ++c)
         m_cellStart[c] += m_cellStart[c - 1];
     m_cellSegments.assign(static_cast<std::size_t>(m_cellStart.back()), 0);
     std::vector<int> fill(m_cellStart.begin(), m_cellStart.end() - 1);
-    for (int i = 0; i < static_cast<int>(m_segments.size()); ++i)
-    {
-        if (!forEachCell(m_segments[static_cast<std::size_t>(i)],
-                         [&](int cell) { m_cellSegments[static_cast<std::size_t>(fill[static_cast<std::size_t>(cell)]++)] = i; }))
-            m_longSegments.push_back(i);
-    }
+    forEachSegmentCells(
+        [&](int cell, int id) { m_cellSegments[static_cast<std::size_t>(fill[static_cast<std::size_t>(cell)]++)] = id; },
+        [this](int id) { m_longSegments.push_back(id); });
 }
 
-bool CZoSegmentIndex::SegmentHits(int segment, const QPointF& p, double halfWidth) const
+QLineF CZoSegmentIndex::Segment(int id) const
 {
-    const QLineF& s = m_segments[static_cast<std::size_t>(segment)];
+    const auto line = std::upper_bound(m_lineStart.begin(), m_lineStart.end(), id) - 1;
+    const QPolygonF& points = (*m_lines)[static_cast<std::size_t>(line - m_lineStart.begin())];
+    const int i = id - *line;
+    return QLineF(points[i], points[i + 1]);
+}
+
+namespace
+{
+double SquaredDistanceToSegment(const QPointF& p, const QLineF& s)
+{
     const QPointF a = s.p1();
     const QPointF d = s.p2() - a;
     const double length2 = d.x() * d.x() + d.y() * d.y();
@@ -336,35 +365,112 @@ bool CZoSegmentIndex::SegmentHits(int segment, const QPointF& p, double halfWidt
     const QPointF nearest = a + d * t;
     const double dx = p.x() - nearest.x();
     const double dy = p.y() - nearest.y();
-    return dx * dx + dy * dy <= halfWidth * halfWidth;
+    return dx * dx + dy * dy;
+}
+
+double SquaredDistanceToRect(const QPointF& p, const QRectF& r)
+{
+    const double dx = std::max({r.left() - p.x(), 0.0, p.x() - r.right()});
+    const double dy = std::max({r.top() - p.y(), 0.0, p.y() - r.bottom()});
+    return dx * dx + dy * dy;
+}
+
+// Liang-Barsky: whether some part of the segment lies inside the rectangle.
+bool SegmentEntersRect(const QLineF& s, const QRectF& r)
+{
+    const double dx = s.dx();
+    const double dy = s.dy();
+    const double p[4] = {-dx, dx, -dy, dy};
+    const double q[4] = {s.x1() - r.left(), r.right() - s.x1(), s.y1() - r.top(), r.bottom() - s.y1()};
+    double t0 = 0.0;
+    double t1 = 1.0;
+    for (int k = 0; k < 4; ++k)
+    {
+        if (p[k] == 0.0)
+        {
+            if (q[k] < 0.0)
+                return false;
+            continue;
+        }
+        const double t = q[k] / p[k];
+        if (p[k] < 0.0)
+            t0 = std::max(t0, t);
+        else
+            t1 = std::min(t1, t);
+        if (t0 > t1)
+            return false;
+    }
+    return true;
+}
+} // namespace
+
+bool CZoSegmentIndex::SegmentNear(int segment, const QRectF& r, double halfWidth) const
+{
+    const QLineF s = Segment(segment);
+    if (SegmentEntersRect(s, r))
+        return true;
+    // Apart, the nearest points of a segment and a rectangle include an end
+    // of the segment or a corner of the rectangle.
+    const double limit = halfWidth * halfWidth;
+    return SquaredDistanceToRect(s.p1(), r) <= limit || SquaredDistanceToRect(s.p2(), r) <= limit ||
+           SquaredDistanceToSegment(r.topLeft(), s) <= limit || SquaredDistanceToSegment(r.topRight(), s) <= limit ||
+           SquaredDistanceToSegment(r.bottomLeft(), s) <= limit ||
+           SquaredDistanceToSegment(r.bottomRight(), s) <= limit;
 }
 
 bool CZoSegmentIndex::Hits(const QPointF& point, double halfWidth) const
 {
-    if (m_segments.empty() || !std::isfinite(point.x()) || !std::isfinite(point.y()))
+    return HitsRect(QRectF(point, QSizeF(0.0, 0.0)), halfWidth);
+}
+
+bool CZoSegmentIndex::HitsRect(const QRectF& rect, double halfWidth) const
+{
+    const QRectF r = rect.normalized();
+    if (m_segmentCount == 0 || !std::isfinite(r.left()) || !std::isfinite(r.top()) || !std::isfinite(r.right()) ||
+        !std::isfinite(r.bottom()))
         return false;
     for (int segment : m_longSegments)
-        if (SegmentHits(segment, point, halfWidth))
+        if (SegmentNear(segment, r, halfWidth))
             return true;
-    const QRectF probe(point.x() - halfWidth, point.y() - halfWidth, 2 * halfWidth, 2 * halfWidth);
-    if (!probe.intersects(m_bounds.adjusted(-m_cellSize, -m_cellSize, m_cellSize, m_cellSize)))
+    const QRectF probe = r.adjusted(-halfWidth, -halfWidth, halfWidth, halfWidth);
+    const QRectF reach = m_bounds.adjusted(-m_cellSize, -m_cellSize, m_cellSize, m_cellSize);
+    if (probe.right() < reach.left() || probe.left() > reach.right() || probe.bottom() < reach.top() ||
+        probe.top() > reach.bottom())
         return false;
     const int c0 = std::clamp(static_cast<int>(std::floor((probe.left() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
     const int c1 = std::clamp(static_cast<int>(std::floor((probe.right() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
     const int r0 = std::clamp(static_cast<int>(std::floor((probe.top() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
     const int r1 = std::clamp(static_cast<int>(std::floor((probe.bottom() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
-    for (int r = r0; r <= r1; ++r)
+    for (int row = r0; row <= r1; ++row)
     {
         for (int c = c0; c <= c1; ++c)
         {
-            const std::size_t cell = static_cast<std::size_t>(r * m_columns + c);
+            const std::size_t cell = static_cast<std::size_t>(row * m_columns + c);
             if (cell + 1 >= m_cellStart.size())
                 continue;
             for (int k = m_cellStart[cell]; k < m_cellStart[cell + 1]; ++k)
-                if (SegmentHits(m_cellSegments[static_cast<std::size_t>(k)], point, halfWidth))
+                if (SegmentNear(m_cellSegments[static_cast<std::size_t>(k)], r, halfWidth))
                     return true;
         }
     }
     return false;
+}
+
+bool IsAxisAlignedRect(const QPainterPath& path, QRectF* rect)
+{
+    const int count = path.elementCount();
+    if (count < 4 || count > 5)
+        return false;
+    const QRectF box = path.controlPointRect();
+    for (int i = 0; i < count; ++i)
+    {
+        const QPainterPath::Element e = path.elementAt(i);
+        if (e.isCurveTo() || (i > 0 && e.isMoveTo()))
+            return false;
+        if ((e.x != box.left() && e.x != box.right()) || (e.y != box.top() && e.y != box.bottom()))
+            return false;
+    }
+    *rect = box;
+    return true;
 }
 } // namespace ZoPointList

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QPainter;
+class QPainterPath;
 class QPen;
 
 namespace ZoPointList
@@ -26,23 +27,36 @@ void DrawPolyline(QPainter* painter, const QPolygonF& points, const QPen& pen);
 // the tip towards the base. False when tip and base coincide.
 bool ArrowWings(const QPointF& tip, const QPointF& base, double length, QPointF* left, QPointF* right);
 
+// Whether the path is a rectangle with sides along the axes (as Qt builds to
+// ask which items lie under a pixel), and which.
+bool IsAxisAlignedRect(const QPainterPath& path, QRectF* rect);
+
 // Segments of polylines bucketed on a grid: a point query visits only the
 // segments near it, so hovering over a line of a million points stays cheap.
 class CZoSegmentIndex
 {
 public:
     // Each line is open; closed lines repeat their first point at the end.
+    // The index reads the lines in place: they must stay unchanged until the
+    // next Reset or Build.
     void Build(const std::vector<QPolygonF>& lines);
     bool IsBuilt() const { return m_built; }
     void Reset();
     // True when a segment passes within halfWidth of point.
     bool Hits(const QPointF& point, double halfWidth) const;
+    // True when a segment passes within halfWidth of the rectangle: the
+    // stroke meets it. Qt asks with a pixel-sized rectangle on every mouse
+    // move; stroking the whole line to answer would take seconds.
+    bool HitsRect(const QRectF& rect, double halfWidth) const;
 
 private:
-    bool SegmentHits(int segment, const QPointF& point, double halfWidth) const;
+    bool SegmentNear(int segment, const QRectF& rect, double halfWidth) const;
+    QLineF Segment(int id) const;
 
     bool m_built = false;
-    std::vector<QLineF> m_segments;
+    const std::vector<QPolygonF>* m_lines = nullptr;
+    std::vector<int> m_lineStart; // id of each line's first segment
+    int m_segmentCount = 0;
     std::vector<int> m_cellStart; // CSR over cells: segments of cell c are m_cellSegments[start[c]..start[c+1])
     std::vector<int> m_cellSegments;
     std::vector<int> m_longSegments; // spanning too many cells: always tested
