@@ -1,5 +1,5 @@
-// Labels of a map view that sits below a menu bar and beside a tool bar: what
-// the X server shows of the viewport is what the view renders of it.
+// Labels and lines of a map view that sits below a menu bar and beside a tool
+// bar: what the X server shows of the viewport is what the view renders of it.
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
 
@@ -54,6 +54,15 @@ protected:
             dot->SetLabelPosition(3);
             dot->SetNameVisible(true);
         }
+        // A dense zigzag over the whole view, a little wider than a pixel:
+        // it is drawn through a coverage mask placed in device pixels.
+        IZoPolylineMapObject* zigzag = graphics.CreatePolylineMapObject("zigzag", graphics.GetDeafultGraphicsLayer());
+        ASSERT_NE(zigzag, nullptr);
+        std::vector<CVector3D> points;
+        for (int i = 0; i < 8000; ++i)
+            points.emplace_back(-50.0 + i * 120.0 / 8000, i % 2 ? 5.0 : 70.0, 0.0);
+        zigzag->SetData(points);
+        zigzag->SetPenWidth(1.5f);
         window.resize(640, 480);
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
@@ -69,7 +78,7 @@ protected:
 };
 } // namespace
 
-TEST_P(MainWindowLabels, ScreenShowsTheLabelsWhereTheViewRendersThem)
+TEST_P(MainWindowLabels, ScreenShowsLabelsAndLinesWhereTheViewRendersThem)
 {
     ASSERT_NE(QGuiApplication::platformName(), QStringLiteral("offscreen"));
     QWidget* viewport = view->viewport();
