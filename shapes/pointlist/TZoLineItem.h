@@ -5,7 +5,6 @@
 #include "shapes/pointlist/ZoLineGeometry.h"
 #include "shapes/pointlist/ZoPointListRules.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QtMath>
@@ -208,8 +207,9 @@ private:
         const double length = QLineF(from, to).length();
         // The layer's second cache switch doubles as the fit check: names
         // longer than their segment are left out.
-        if (layer && layer->IsSecondShapeCache() &&
-            QFontMetricsF(label.font).horizontalAdvance(label.text) * s > length)
+        // The label's own measurement, taken once: measuring the text at every
+        // paint costs a long name a full shaping per frame.
+        if (layer && layer->IsSecondShapeCache() && label.TextRect().width() * s > length)
             return;
         double angle = qRadiansToDegrees(std::atan2(to.y() - from.y(), to.x() - from.x()));
         if (angle < -90.0 || angle > 90.0)
