@@ -1,5 +1,6 @@
 #include "object/CZoNameLabel.h"
 
+#include "object/ZoDevicePixels.h"
 #include "object/ZoLabelLook.h"
 #include "object/ZoTextPath.h"
 
@@ -36,14 +37,13 @@ const QFont& DefaultNameFont()
 constexpr double kScaleUnit = 1024.0;
 constexpr double kPhaseUnit = 8.0;
 
-// The painter maps label pixels to device pixels by scaling and moving only,
-// with no window-viewport mapping: the case a finished look can serve.
-bool ScalesOnly(const QPainter* painter, QTransform* device)
+// The painter maps label pixels to device pixels by scaling and moving only:
+// the case a finished look can serve.
+bool ScalesOnly(const QTransform& device)
 {
-    *device = painter->deviceTransform();
-    return device->type() <= QTransform::TxScale && device->m11() > 0.0 && device->m22() > 0.0 &&
-           !painter->viewTransformEnabled() && std::isfinite(device->m11()) && std::isfinite(device->m22()) &&
-           std::isfinite(device->dx()) && std::isfinite(device->dy());
+    return device.type() <= QTransform::TxScale && device.m11() > 0.0 && device.m22() > 0.0 &&
+           std::isfinite(device.m11()) && std::isfinite(device.m22()) && std::isfinite(device.dx()) &&
+           std::isfinite(device.dy());
 }
 
 // A finished look is a picture of the label at the device's scale; past this
@@ -172,13 +172,13 @@ void CZoNameLabel::Draw(QPainter* painter) const
     if (clipToRect && !(clipRect.isValid() && !clipRect.isEmpty() && clipRect.contains(QPointF(originX, originY))))
         return;
 
-    QTransform device;
-    if (!ScalesOnly(painter, &device) || !FitsALook(device))
+    const CZoDevicePixels pixels(painter);
+    if (!pixels.IsValid())
+        return; // a painter that squashes everything flat shows nothing
+    const QTransform& device = pixels.FromPainter();
+    if (!ScalesOnly(device) || !FitsALook(device))
     {
-        painter->save();
-        painter->translate(originX, originY);
-        ZoPaintLabelText(painter, text, font, textColor, outlineColor, outlineWidth);
-        painter->restore();
+        DrawOutlines(painter, pixels.AreaInPainter());
         return;
     }
 
@@ -222,10 +222,7 @@ void CZoNameLabel::Draw(QPainter* painter) const
         key.phaseX = phaseX;
         key.phaseY = phaseY;
         key.antialias = antialias;
-        if (!m_glyphs)
-            m_glyphs = std::make_shared<const std::vector<SZoPlacedGlyph>>(
-                ZoLayOutText(text, font, QFontMetricsF(font).lineSpacing()));
-        look = ZoLabelLookCache::Obtain(key, *m_glyphs);
+        look = ZoLabelLookCache::Obtain(key, Glyphs());
         m_look = look;
     }
     else
@@ -236,11 +233,33 @@ void CZoNameLabel::Draw(QPainter* painter) const
         return;
 
     painter->save();
-    // Device pixels: undo the device's own pixel ratio, which the painter
-    // applies after the world transform.
-    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-    painter->setWorldTransform(QTransform::fromScale(1.0 / ratio, 1.0 / ratio));
+    pixels.Enter(painter);
     painter->drawImage(QPointF(wholeX + look->offset.x(), wholeY + look->offset.y()), look->image);
+    painter->restore();
+}
+
+const std::vector<SZoPlacedGlyph>& CZoNameLabel::Glyphs() const
+{
+    if (!m_glyphs)
+        m_glyphs = std::make_shared<const std::vector<SZoPlacedGlyph>>(
+            ZoLayOutText(text, font, QFontMetricsF(font).lineSpacing()));
+    return *m_glyphs;
+}
+
+void CZoNameLabel::DrawOutlines(QPainter* painter, const QRectF& visible) const
+{
+    // A long name reaches far beyond the view, and stroking all of it would
+    // take seconds and gigabytes: only glyphs that can touch what the painter
+    // shows are drawn. A glyph reaches at most this far from its origin
+    // (fallback fonts included), its halo around it.
+    if (visible.isEmpty())
+        return;
+    const QFontMetricsF metrics(font);
+    const double reach = 4.0 * metrics.height() + metrics.maxWidth() + 2.5 * outlineWidth;
+    const QRectF within = visible.translated(-originX, -originY).adjusted(-reach, -reach, reach, reach);
+    painter->save();
+    painter->translate(originX, originY);
+    ZoPaintLabelGlyphs(painter, Glyphs(), within, textColor, outlineColor, outlineWidth);
     painter->restore();
 }
 

@@ -83,6 +83,11 @@ public:
 private:
     void Measure() const;
     void Forget();
+    // The text's glyphs, laid out once.
+    const std::vector<SZoPlacedGlyph>& Glyphs() const;
+    // Draws the halo and the text outline by outline, the glyphs that can
+    // show within visible (painter coordinates) only.
+    void DrawOutlines(QPainter* painter, const QRectF& visible) const;
 
     // Widest line, line height, ascent and line count, measured on demand.
     mutable bool m_measured = false;

@@ -269,19 +269,25 @@ void Clear()
 }
 } // namespace ZoLabelLookCache
 
-void ZoPaintLabelText(QPainter* painter, const QString& text, const QFont& font, const QColor& textColor,
-                      const QColor& outlineColor, double outlineWidth)
+void ZoPaintLabelGlyphs(QPainter* painter, const ZoLaidOutText& glyphs, const QRectF& within,
+                        const QColor& textColor, const QColor& outlineColor, double outlineWidth)
 {
-    const QPainterPath path = ZoTextToPath(text, font, QFontMetricsF(font).lineSpacing());
+    const QPainterPath path = ZoGlyphsToPath(glyphs, within);
     if (path.isEmpty())
         return;
     const QPen pen = HaloPen(outlineColor, outlineWidth);
     const QBrush brush(textColor, Qt::SolidPattern);
     painter->setPen(pen);
     painter->setBrush(brush);
-    painter->setFont(font);
     // The halo is stroked under the glyphs, then the glyphs are filled on top.
     painter->strokePath(path, pen);
     painter->drawPath(path);
     painter->fillPath(path, brush);
+}
+
+void ZoPaintLabelText(QPainter* painter, const QString& text, const QFont& font, const QColor& textColor,
+                      const QColor& outlineColor, double outlineWidth)
+{
+    ZoPaintLabelGlyphs(painter, ZoLayOutText(text, font, QFontMetricsF(font).lineSpacing()), QRectF(), textColor,
+                       outlineColor, outlineWidth);
 }

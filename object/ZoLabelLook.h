@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QImage>
 #include <QPoint>
+#include <QRectF>
 #include <QString>
 #include <atomic>
 #include <cstddef>
@@ -72,3 +73,7 @@ void Clear();
 // sheared painters); looks are made to match it.
 void ZoPaintLabelText(QPainter* painter, const QString& text, const QFont& font, const QColor& textColor,
                       const QColor& outlineColor, double outlineWidth);
+// The same for laid-out glyphs, drawing only those whose origin lies within
+// a rectangle of the painter's coordinates (all of them for a null one).
+void ZoPaintLabelGlyphs(QPainter* painter, const ZoLaidOutText& glyphs, const QRectF& within,
+                        const QColor& textColor, const QColor& outlineColor, double outlineWidth);

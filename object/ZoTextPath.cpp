@@ -103,14 +103,22 @@ QPainterPath ZoGlyphOutline(const QRawFont& font, quint32 glyph)
     return Cache().Outline(font, glyph);
 }
 
-QPainterPath ZoTextToPath(const QString& text, const QFont& font, qreal lineSpacing)
+QPainterPath ZoGlyphsToPath(const std::vector<SZoPlacedGlyph>& glyphs, const QRectF& within)
 {
     QPainterPath path;
-    for (const SZoPlacedGlyph& placed : ZoLayOutText(text, font, lineSpacing))
+    const bool everything = within.isNull();
+    for (const SZoPlacedGlyph& placed : glyphs)
     {
+        if (!everything && !within.contains(placed.position))
+            continue;
         QPainterPath outline = ZoGlyphOutline(placed.font, placed.glyph);
         outline.translate(placed.position);
         path.addPath(outline);
     }
     return path;
+}
+
+QPainterPath ZoTextToPath(const QString& text, const QFont& font, qreal lineSpacing)
+{
+    return ZoGlyphsToPath(ZoLayOutText(text, font, lineSpacing), QRectF());
 }

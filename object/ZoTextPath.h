@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPainterPath>
 #include <QPointF>
+#include <QRectF>
 #include <QRawFont>
 #include <QString>
 #include <vector>
@@ -24,6 +25,10 @@ std::vector<SZoPlacedGlyph> ZoLayOutText(const QString& text, const QFont& font,
 // font and glyph and then shared by every text that uses them: decoding them
 // from the font file for every label made labels slow.
 QPainterPath ZoGlyphOutline(const QRawFont& font, quint32 glyph);
+
+// The outlines of the glyphs whose origin lies within a rectangle (every
+// glyph for a null rectangle), each at its place.
+QPainterPath ZoGlyphsToPath(const std::vector<SZoPlacedGlyph>& glyphs, const QRectF& within);
 
 // The outlines of a whole text, laid out as ZoLayOutText does; matches
 // QPainterPath::addText line by line.

@@ -104,14 +104,14 @@ public:
     virtual void SetBorderColor(const QColor& color) = 0;        // 83
     /// The colour of the frame's border.
     virtual QColor GetBorderColor() const = 0;                   // 84
-    /// Chooses how the text follows the view's zoom within a map level.
+    /// Stores the scale-with-map switch (true by default).
     ///
-    /// True (the default) keeps the text at its pixel size on screen: the item is
-    /// scaled by 1 / view scale. False leaves the item at scale 1, so the text
-    /// grows and shrinks with the view. A rebuild at a new scale (Rebuild()) sets
-    /// the item's scale whatever this switch says.
+    /// The text keeps its pixel size on screen at every zoom whatever the
+    /// switch says, as every symbol sized in pixels does: the item is scaled by
+    /// 1 / view scale. (Leaving it at scale 1 made the text grow between whole
+    /// levels and jump back at the next one.)
     virtual void SetScaleWithMap(bool scaleWithMap) = 0;         // 85
-    /// Whether the text keeps its pixel size as the view zooms; see SetScaleWithMap().
+    /// The switch last given to SetScaleWithMap().
     virtual bool IsScaleWithMap() const = 0;                     // 86
     /// Lets the user edit the text in place (true) or ends editing (false).
     ///

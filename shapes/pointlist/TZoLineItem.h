@@ -5,22 +5,32 @@
 #include "shapes/pointlist/ZoLineGeometry.h"
 #include "shapes/pointlist/ZoPointListRules.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QtMath>
 #include <cmath>
 
+// How the two line kinds differ, as data.
+struct SZoLineItemTraits
+{
+    double marginPixels;        // pixels around the stroke kept in the bounding rectangle for arrows and names
+    bool drawsClosingEdge;      // a closed line is drawn with its first point repeated, not only hit there
+    bool coversPointsOverScale; // the rectangle also covers the stroke of the points divided by the pixel scale
+};
+
 // The stroked lines of the polyline and the multi-line: every line of the
 // owner drawn with the line style, its arrow, and the name along a segment.
 // The hit area is the stroke of the lines as drawn, answered from a segment
-// grid built when Qt first asks; the bounding rectangle comes from the
-// points, grown by marginPixels pixels.
-template <class QtBase, class Owner, int marginPixels>
+// grid built when Qt first asks; the bounding rectangle is the stroke's,
+// grown by the margin, so that it always holds the hit area.
+template <class QtBase, class Owner>
 class TZoLineItem : public TZoPointListItem<QtBase, Owner>
 {
 public:
-    explicit TZoLineItem(Owner* owner) : TZoPointListItem<QtBase, Owner>(owner) {}
+    TZoLineItem(Owner* owner, const SZoLineItemTraits& traits)
+        : TZoPointListItem<QtBase, Owner>(owner), m_traits(traits)
+    {
+    }
 
     QPainterPath shape() const override
     {
@@ -71,20 +81,23 @@ public:
             if (this->m_owner->IsClosed())
                 hit.back().append(line.first());
         }
-        const QRectF bounds = ZoPointList::BoundsOf(drawn);
         const bool anyPoint = !hit.empty();
-        const double margin = marginPixels * s;
+        const double halfWidth = 0.75 * static_cast<double>(this->m_owner->Style().penWidth) * s;
+        const double margin = m_traits.marginPixels * s;
+        QRectF bounds = ZoPointList::StrokeBounds(hit, 1.0, halfWidth).adjusted(-margin, -margin, margin, margin);
+        if (m_traits.coversPointsOverScale)
+            bounds |= ZoPointList::StrokeBounds(hit, 1.0 / s, halfWidth).adjusted(-margin, -margin, margin, margin);
         {
             QMutexLocker lock(&this->m_mutex);
             this->m_drawn = std::move(drawn);
             m_hitLines = std::move(hit);
-            m_halfWidth = 0.75 * static_cast<double>(this->m_owner->Style().penWidth) * s;
+            m_halfWidth = halfWidth;
             m_shapeValid = false;
             m_index.Reset();
         }
         // Without points the old rectangle stays, as nothing is drawn in it.
         if (anyPoint)
-            this->SetBounds(bounds.adjusted(-margin, -margin, margin, margin));
+            this->SetBounds(bounds);
         RebuildName(forced);
     }
 
@@ -168,10 +181,14 @@ private:
         const LineStyle& style = this->m_owner->Style();
         QPen pen;
         style.ApplyToPen(pen, s);
+        const bool closed = m_traits.drawsClosingEdge && this->m_owner->IsClosed();
         painter->save();
         painter->setBrush(Qt::NoBrush);
-        for (const QPolygonF& line : drawn)
+        for (const QPolygonF& open : drawn)
         {
+            QPolygonF line = open;
+            if (closed && !line.isEmpty())
+                line.append(line.first());
             ZoPointList::DrawPolyline(painter, line, pen);
             if (style.arrowVisible && line.size() >= 2)
                 PaintArrow(painter, line, pen, s, style.arrowAtEnd);
@@ -205,8 +222,9 @@ private:
         const double length = QLineF(from, to).length();
         // The layer's second cache switch doubles as the fit check: names
         // longer than their segment are left out.
-        if (layer && layer->IsSecondShapeCache() &&
-            QFontMetricsF(label.font).horizontalAdvance(label.text) * s > length)
+        // The label's own measurement, taken once: measuring the text at every
+        // paint costs a long name a full shaping per frame.
+        if (layer && layer->IsSecondShapeCache() && label.TextRect().width() * s > length)
             return;
         double angle = qRadiansToDegrees(std::atan2(to.y() - from.y(), to.x() - from.x()));
         if (angle < -90.0 || angle > 90.0)
@@ -228,6 +246,7 @@ private:
         painter->restore();
     }
 
+    const SZoLineItemTraits m_traits;
     std::vector<QPolygonF> m_hitLines;
     double m_halfWidth = 0.0;
     mutable QPainterPath m_shape;

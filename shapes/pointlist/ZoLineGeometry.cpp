@@ -1,6 +1,7 @@
 #include "shapes/pointlist/ZoLineGeometry.h"
 
 #include "shapes/pointlist/ZoPointListRules.h"
+#include "object/ZoDevicePixels.h"
 
 #include <QImage>
 #include <QPaintEngine>
@@ -136,18 +137,13 @@ bool DrawThroughMask(QPainter* painter, const QPolygonF& points, const QPen& pen
     if (!engine || engine->type() != QPaintEngine::Raster || !painter->testRenderHint(QPainter::Antialiasing) ||
         painter->compositionMode() != QPainter::CompositionMode_SourceOver || deviceWidth > kMaxMaskWidth)
         return false;
-    const QTransform device = painter->deviceTransform();
-    bool invertible = false;
-    const QTransform view = painter->worldTransform().inverted(&invertible) * device;
-    const QTransform fromView = view.inverted(&invertible);
-    if (!invertible)
+    const CZoDevicePixels pixels(painter);
+    if (!pixels.IsValid())
         return false;
-    const QPaintDevice* target = painter->device();
-    QRect area = device.mapRect(points.boundingRect()).adjusted(-2.0, -2.0, 2.0, 2.0).toAlignedRect() &
-                 QRect(0, 0, qCeil(target->width() * target->devicePixelRatioF()),
-                       qCeil(target->height() * target->devicePixelRatioF()));
-    if (painter->hasClipping())
-        area &= device.mapRect(painter->clipBoundingRect()).toAlignedRect().adjusted(-1, -1, 1, 1);
+    const QTransform& device = pixels.FromPainter();
+    const QRect area = (device.mapRect(points.boundingRect()).adjusted(-2.0, -2.0, 2.0, 2.0) &
+                        pixels.Area().adjusted(-1.0, -1.0, 1.0, 1.0))
+                           .toAlignedRect();
     if (area.isEmpty())
         return true;
     if (static_cast<double>(area.width()) * area.height() > kMaskPixelsPerSegment * (points.size() - 1))
@@ -174,8 +170,8 @@ bool DrawThroughMask(QPainter* painter, const QPolygonF& points, const QPen& pen
     }
     WidenCoverage(&mask, pen.color().rgba(), kGradientGain * (deviceWidth - 1.0) / 2.0);
     painter->save();
-    painter->setWorldTransform(QTransform::fromTranslate(area.x(), area.y()) * fromView);
-    painter->drawImage(0, 0, mask);
+    pixels.Enter(painter);
+    painter->drawImage(area.topLeft(), mask);
     painter->restore();
     return true;
 }
@@ -227,6 +223,45 @@ QRectF BoundsOf(const std::vector<QPolygonF>& lines)
         }
     }
     return any ? QRectF(QPointF(x0, y0), QPointF(x1, y1)) : QRectF();
+}
+
+QRectF StrokeBounds(const std::vector<QPolygonF>& lines, double factor, double halfWidth)
+{
+    if (std::all_of(lines.begin(), lines.end(), [](const QPolygonF& line) { return line.isEmpty(); }))
+        return QRectF();
+    const QRectF points = BoundsOf(lines);
+    double x0 = points.left() * factor - halfWidth;
+    double y0 = points.top() * factor - halfWidth;
+    double x1 = points.right() * factor + halfWidth;
+    double y1 = points.bottom() * factor + halfWidth;
+    // Joins stay within the half width of their vertex; a square cap's
+    // corners reach further, by up to the half width times the root of two.
+    auto cap = [&](const QPointF& end, const QPointF& before) {
+        const QPointF along = end - before;
+        const double length = std::hypot(along.x(), along.y());
+        if (!(length > 0.0))
+            return;
+        const QPointF d = along / length * halfWidth;
+        const QPointF n(-d.y(), d.x());
+        for (const QPointF& corner : {end * factor + d + n, end * factor + d - n})
+        {
+            x0 = std::min(x0, corner.x());
+            x1 = std::max(x1, corner.x());
+            y0 = std::min(y0, corner.y());
+            y1 = std::max(y1, corner.y());
+        }
+    };
+    for (const QPolygonF& line : lines)
+    {
+        if (line.size() < 2)
+            continue;
+        cap(line.first(), line[1]);
+        cap(line.last(), line[line.size() - 2]);
+    }
+    // The stroker rounds differently: a millionth of a pixel keeps its
+    // outline inside.
+    constexpr double kRounding = 1e-6;
+    return QRectF(QPointF(x0 - kRounding, y0 - kRounding), QPointF(x1 + kRounding, y1 + kRounding));
 }
 
 void DrawPolyline(QPainter* painter, const QPolygonF& points, const QPen& pen)

@@ -14,6 +14,12 @@ namespace ZoPointList
 // Bounding rectangle of every point of every line; null without points.
 QRectF BoundsOf(const std::vector<QPolygonF>& lines);
 
+// Bounding rectangle of the stroke QPainterPathStroker makes of the lines
+// (square caps, bevel joins) with half width halfWidth, after every point is
+// multiplied by a positive factor; null without points. Computed from the
+// points: no outline is built.
+QRectF StrokeBounds(const std::vector<QPolygonF>& lines, double factor, double halfWidth);
+
 // Draws an open polyline as QPainter::drawPolyline does. Points closer than
 // a quarter of a device pixel to the last one kept are dropped. Qt strokes a
 // long wide polyline as one huge outline, many times slower than drawing it

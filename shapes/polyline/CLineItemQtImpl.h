@@ -7,8 +7,11 @@
 class CZoPolylineMapObject;
 
 // Arrows and names reach beyond the points: 200 pixels of margin cover them.
-class CLineItemQtImpl final : public TZoLineItem<QGraphicsPolygonItem, CZoPolylineMapObject, 200>
+// The closing edge of a closed polyline is hit but not drawn. Its rectangle
+// has always also held its points divided by the pixel scale, and hosts
+// size their redraws by it.
+class CLineItemQtImpl final : public TZoLineItem<QGraphicsPolygonItem, CZoPolylineMapObject>
 {
 public:
-    explicit CLineItemQtImpl(CZoPolylineMapObject* owner) : TZoLineItem(owner) {}
+    explicit CLineItemQtImpl(CZoPolylineMapObject* owner) : TZoLineItem(owner, {200.0, false, true}) {}
 };
