@@ -169,10 +169,12 @@ void CZoTextMapObject::SetBorderColor(const QColor& color)
 
 void CZoTextMapObject::SetScaleWithMap(bool scaleWithMap)
 {
-    // Stored and reported only: a text is sized in pixels, and leaving the
-    // item at scale 1 made it grow between whole levels and jump back at the
-    // next one.
     m_scaleWithMap = scaleWithMap;
+    if (CTextItemQtImpl* item = GetItem())
+    {
+        Core().PrepareGeometryChange();
+        item->setScale(ItemScale());
+    }
 }
 
 void CZoTextMapObject::EnableTextInteraction(bool enabled)
@@ -238,7 +240,8 @@ void CZoTextMapObject::UpdateVisibility(int lod)
 void CZoTextMapObject::SetResolution(double scale)
 {
     Core().SetResolution(scale);
-    if (CTextItemQtImpl* item = GetItem())
+    CTextItemQtImpl* item = GetItem();
+    if (item && m_scaleWithMap)
         item->setScale(Core().PixelScale());
 }
 
@@ -246,6 +249,7 @@ void CZoTextMapObject::Rebuild(double scale)
 {
     const double held = Core().PixelScale();
     Core().Rebuild(scale);
+    // Rebuilding follows the map's scale whatever the scale-with-map switch.
     if (scale > 0.0 && std::isfinite(scale) && Core().PixelScale() != held)
         GetItem()->setScale(Core().PixelScale());
 }
@@ -255,7 +259,7 @@ void CZoTextMapObject::Dirty()
     Core().EnsureItem();
     CTextItemQtImpl* item = GetItem();
     item->setRotation(m_angle);
-    item->setScale(Core().PixelScale());
+    item->setScale(ItemScale());
     LoadDocument(*item);
     ApplyCharFormat(*item);
     ApplyFrameFormat(*item);

@@ -74,6 +74,7 @@ private:
     void ReloadText();
     void ReapplyFormatsAndRepaint();
     void ReapplyFrameFormat();
+    double ItemScale() const { return m_scaleWithMap ? Core().PixelScale() : 1.0; }
 
     CVector3D m_position;
     CVector3D m_rotationVector;

@@ -59,10 +59,7 @@ public:
     virtual std::string GetText() const = 0;                     // 66
     /// Replaces the content with rich text given as HTML (GB18030) and switches
     /// to HTML mode. The text colour, outline and font set here still apply to
-    /// every character. Images and style sheets are read from local files only
-    /// when they are regular files, and pictures as SetBrushTextureFile() reads
-    /// them; a refusal logs "[CZoTextMapObject::SetHtml] " and the reason, and a
-    /// refused or missing image shows Qt's broken-image picture.
+    /// every character.
     virtual void SetHtml(const std::string& html) = 0;           // 67
     /// The content as an HTML document (GB18030), as Qt writes it out, which is
     /// not the string given to SetHtml(). Without a Qt item, the stored HTML in
@@ -104,14 +101,14 @@ public:
     virtual void SetBorderColor(const QColor& color) = 0;        // 83
     /// The colour of the frame's border.
     virtual QColor GetBorderColor() const = 0;                   // 84
-    /// Stores the scale-with-map switch (true by default).
+    /// Chooses how the text follows the view's zoom within a map level.
     ///
-    /// The text keeps its pixel size on screen at every zoom whatever the
-    /// switch says, as every symbol sized in pixels does: the item is scaled by
-    /// 1 / view scale. (Leaving it at scale 1 made the text grow between whole
-    /// levels and jump back at the next one.)
+    /// True (the default) keeps the text at its pixel size on screen: the item is
+    /// scaled by 1 / view scale. False leaves the item at scale 1, so the text
+    /// grows and shrinks with the view. A rebuild at a new scale (Rebuild()) sets
+    /// the item's scale whatever this switch says.
     virtual void SetScaleWithMap(bool scaleWithMap) = 0;         // 85
-    /// The switch last given to SetScaleWithMap().
+    /// Whether the text keeps its pixel size as the view zooms; see SetScaleWithMap().
     virtual bool IsScaleWithMap() const = 0;                     // 86
     /// Lets the user edit the text in place (true) or ends editing (false).
     ///

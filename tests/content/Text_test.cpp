@@ -197,10 +197,15 @@ TEST_F(Text, AnglesNormaliseAndTheVectorCarriesIt)
     EXPECT_EQ(text->GetEditAngle(), 0.0);
 }
 
-TEST_F(Text, ScaleFollowsTheMapAndIgnoresNonPositiveScales)
+TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
 {
     map.ChangeViewScale(4.0);
     EXPECT_EQ(Item()->scale(), 0.25);
+    text->SetScaleWithMap(false);
+    EXPECT_EQ(Item()->scale(), 1.0);
+    map.ChangeViewScale(2.0);
+    EXPECT_EQ(Item()->scale(), 1.0);
+    // Rebuild follows the map's scale whatever the switch says.
     text->Rebuild(8.0);
     EXPECT_EQ(Item()->scale(), 0.125);
     text->Rebuild(0.0);
