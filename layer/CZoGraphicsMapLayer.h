@@ -67,6 +67,9 @@ public:
     // The layer's objects in ascending id order, as they are now.
     std::vector<IZoGraphicsMapObject*> GetMapObjects() const;
 
+    // The module that made the layer (null before Initialise).
+    IZoGraphicsModule* GetGraphicsModule() const { return m_graphicsModule; }
+
     // The host's map module has ended: the layer no longer calls it, not even
     // to unregister.
     void ForgetMapModule() { m_mapModule = nullptr; }

@@ -174,23 +174,27 @@ void CZoGraphicsModule::ForgetMapModule()
     }
 }
 
-bool CZoGraphicsModule::HoldsLayer(const IZoGraphicsMapLayer* layer) const
+// A layer the host implements itself is taken as given; one that another
+// module made goes when that module says, and its objects with it.
+bool CZoGraphicsModule::IsForeignLayer(const IZoGraphicsMapLayer* layer) const
 {
-    CZoLockGuard guard(*m_layerLock);
-    for (const auto& entry : m_layers)
     {
-        if (entry.second && entry.second == layer)
-            return true;
+        CZoLockGuard guard(*m_layerLock);
+        for (const auto& entry : m_layers)
+        {
+            if (entry.second && entry.second == layer)
+                return false;
+        }
     }
-    return false;
+    const auto* made = dynamic_cast<const CZoGraphicsMapLayer*>(layer);
+    return made && made->GetGraphicsModule() != this;
 }
 
 bool CZoGraphicsModule::AcceptsTarget(const IZoGraphicsMapLayer* layer, const char* creator) const
 {
     if (!ZoAcceptsCallingThread(kClassName, creator))
         return false;
-    // Another module's layer may go away under the object without a word.
-    if (layer && !HoldsLayer(layer))
+    if (layer && IsForeignLayer(layer))
     {
         ZoLogWarnAt(kClassName, creator) << ZoLogReason::kForeignLayer;
         return false;
@@ -282,7 +286,7 @@ void CZoGraphicsModule::DestroyGraphicsLayer(IZoGraphicsMapLayer* layer)
 {
     if (!layer || !ZoAcceptsCallingThread(kClassName, "DestroyGraphicsLayer"))
         return;
-    if (!HoldsLayer(layer))
+    if (IsForeignLayer(layer))
     {
         ZoLogWarnAt(kClassName, "DestroyGraphicsLayer") << ZoLogReason::kForeignLayer;
         return;
@@ -327,7 +331,9 @@ void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
     if (!object || !ZoAcceptsCallingThread(kClassName, "DestroyGraphicsMapObject"))
         return;
     CZoLockGuard guard(*m_objectLock);
-    if (!EraseEntry(m_objects, object->GetObjectID(), object))
+    // Another module's object stays with it; one the host implements itself
+    // is the host's to give.
+    if (!EraseEntry(m_objects, object->GetObjectID(), object) && ZoObjectCore(object))
     {
         ZoLogWarnAt(kClassName, "DestroyGraphicsMapObject") << "图元不属于本模块";
         return;

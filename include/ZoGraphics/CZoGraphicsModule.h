@@ -36,9 +36,11 @@ class CZoModuleNames;
 ///   lookups at once, and its item is deleted when control returns to the
 ///   event loop.
 /// - Layers belong to the module that made them. Creators, edit-gadget
-///   creators and destroyers refuse another module's layer (or object) with
-///   "[CZoGraphicsModule::<operation>] 图层不属于本模块" (for an object
-///   "图元不属于本模块") and a null result.
+///   creators and DestroyGraphicsLayer() refuse a layer that another module
+///   made with "[CZoGraphicsModule::<operation>] 图层不属于本模块" and a null
+///   result; DestroyGraphicsMapObject() refuses another module's object with
+///   "[CZoGraphicsModule::DestroyGraphicsMapObject] 图元不属于本模块". Layers
+///   and objects the host implements itself are taken as before.
 ///
 /// Threads: lookups may come from any thread; everything else (creating,
 /// destroying, initialising, stacking, and every setter of a map object) from
@@ -179,9 +181,8 @@ private:
     // Hears of the map module's end through its scene and event object.
     void WatchMapModule();
     void ForgetMapModule();
-    // Whether layer is one of this module's live layers; compares addresses
-    // only, so a layer that is gone is safe to ask about.
-    bool HoldsLayer(const IZoGraphicsMapLayer* layer) const;
+    // Whether layer is a layer of the library that another module made.
+    bool IsForeignLayer(const IZoGraphicsMapLayer* layer) const;
     // A creator may run here with this layer (null: the default layer);
     // otherwise it has logged why not.
     bool AcceptsTarget(const IZoGraphicsMapLayer* layer, const char* creator) const;
