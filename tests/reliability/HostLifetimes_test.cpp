@@ -202,6 +202,9 @@ TEST(HostMapModuleGoneFirst, GraphicsModuleSurvivesTheTeardown)
 // scene.
 TEST_F(HostLifetimes, WorkerThreadCallsAreRefused)
 {
+#ifndef QT_NO_DEBUG
+    GTEST_SKIP() << "debug builds assert the thread instead";
+#endif
     IZoDotMapObject* dot = module.CreateDotMapObject("gui", nullptr);
     const int before = module.GetRegisteredObjectCount();
     IZoGraphicsMapObject* made = nullptr;
