@@ -67,6 +67,13 @@ public:
     // The layer's objects in ascending id order, as they are now.
     std::vector<IZoGraphicsMapObject*> GetMapObjects() const;
 
+    // The module that made the layer (null before Initialise).
+    IZoGraphicsModule* GetGraphicsModule() const { return m_graphicsModule; }
+
+    // The host's map module has ended: the layer no longer calls it, not even
+    // to unregister.
+    void ForgetMapModule() { m_mapModule = nullptr; }
+
     // Who keeps a name index of this layer: told when Initialise renames it.
     void SetNameObserver(IZoNameObserver* observer) { m_nameObserver = observer; }
 

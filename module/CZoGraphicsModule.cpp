@@ -4,6 +4,7 @@
 #include "module/CZoModuleNames.h"
 #include "object/IZoMapObjectInternal.h"
 #include "object/CZoLock.h"
+#include "object/ZoItemLifetime.h"
 #include "object/ZoLogText.h"
 #include "shapes/bow/CZoBowMapObject.h"
 #include "shapes/bubble/CZoBubbleMapObject.h"
@@ -32,6 +33,8 @@
 #include <ZoGraphics/ZoCoreUtility.h>
 
 #include <QGraphicsItem>
+#include <QGraphicsScene>
+#include <QObject>
 
 const std::string STR_DEAFULT_GRAPHICS_LAYER_NAME = "Zo.DefaultGraphicsLayer";
 
@@ -39,26 +42,28 @@ namespace
 {
 constexpr const char* kClassName = "CZoGraphicsModule";
 
-// Erases the registry entry of value. Its key is normally the id it reports
-// now; a layer or object initialised a second time reports a newer id than
-// it was registered under, and must not stay behind as a dangling entry.
+// Erases the registry entry of value; false when there is none. Its key is
+// normally the id it reports now; a layer or object initialised a second time
+// reports a newer id than it was registered under, and must not stay behind
+// as a dangling entry.
 template <class T>
-void EraseEntry(std::map<int, T*>& registry, int id, const T* value)
+bool EraseEntry(std::map<int, T*>& registry, int id, const T* value)
 {
     const auto found = registry.find(id);
     if (found != registry.end() && found->second == value)
     {
         registry.erase(found);
-        return;
+        return true;
     }
     for (auto it = registry.begin(); it != registry.end(); ++it)
     {
         if (it->second == value)
         {
             registry.erase(it);
-            return;
+            return true;
         }
     }
+    return false;
 }
 
 struct NoSetup
@@ -73,7 +78,8 @@ struct NoSetup
 CZoGraphicsModule::CZoGraphicsModule()
     : m_objectLock(std::make_unique<CZoLock>()),
       m_layerLock(std::make_unique<CZoLock>()),
-      m_names(std::make_unique<CZoModuleNames>(*m_objectLock, *m_layerLock))
+      m_names(std::make_unique<CZoModuleNames>(*m_objectLock, *m_layerLock)),
+      m_mapWatch(std::make_unique<QObject>())
 {
 }
 
@@ -85,8 +91,10 @@ CZoGraphicsModule::CZoGraphicsModule(const CZoGraphicsModule& other)
       m_mapModule(other.m_mapModule),
       m_objectLock(std::make_unique<CZoLock>()),
       m_layerLock(std::make_unique<CZoLock>()),
-      m_names(std::make_unique<CZoModuleNames>(*m_objectLock, *m_layerLock))
+      m_names(std::make_unique<CZoModuleNames>(*m_objectLock, *m_layerLock)),
+      m_mapWatch(std::make_unique<QObject>())
 {
+    WatchMapModule();
 }
 
 CZoGraphicsModule& CZoGraphicsModule::operator=(const CZoGraphicsModule& other)
@@ -97,6 +105,7 @@ CZoGraphicsModule& CZoGraphicsModule::operator=(const CZoGraphicsModule& other)
         m_name = other.m_name;
         m_uuid = other.m_uuid;
         m_mapModule = other.m_mapModule;
+        WatchMapModule();
     }
     return *this;
 }
@@ -118,16 +127,85 @@ CZoGraphicsModule::~CZoGraphicsModule()
 
 bool CZoGraphicsModule::Initialise(const std::string& name, IZoMapModule* mapModule)
 {
+    if (!ZoAcceptsCallingThread(kClassName, "Initialise"))
+        return false;
     m_name = name;
     m_uuid = ZoCreateUUID();
     m_mapModule = mapModule;
+    WatchMapModule();
     m_moduleId = GenerateZoModuleID();
     m_defaultLayer = CreateGraphicsLayer(STR_DEAFULT_GRAPHICS_LAYER_NAME);
     return true;
 }
 
+// The scene and the event object go with the map module (before it, or
+// with its QObject children after it): whichever goes first tells that
+// nothing may call the map module any more.
+void CZoGraphicsModule::WatchMapModule()
+{
+    m_mapWatch = std::make_unique<QObject>();
+    if (!m_mapModule)
+        return;
+    for (QObject* part : {static_cast<QObject*>(m_mapModule->GetScene()), m_mapModule->GetEventObject()})
+    {
+        if (part)
+            QObject::connect(part, &QObject::destroyed, m_mapWatch.get(), [this] { ForgetMapModule(); });
+    }
+}
+
+void CZoGraphicsModule::ForgetMapModule()
+{
+    if (!m_mapModule)
+        return;
+    m_mapModule = nullptr;
+    {
+        CZoLockGuard guard(*m_layerLock);
+        for (const auto& entry : m_layers)
+        {
+            if (auto* layer = dynamic_cast<CZoGraphicsMapLayer*>(entry.second))
+                layer->ForgetMapModule();
+        }
+    }
+    CZoLockGuard guard(*m_objectLock);
+    for (const auto& entry : m_objects)
+    {
+        if (CZoMapObjectCore* core = ZoObjectCore(entry.second))
+            core->ForgetMapModule();
+    }
+}
+
+// A layer the host implements itself is taken as given; one that another
+// module made goes when that module says, and its objects with it.
+bool CZoGraphicsModule::IsForeignLayer(const IZoGraphicsMapLayer* layer) const
+{
+    {
+        CZoLockGuard guard(*m_layerLock);
+        for (const auto& entry : m_layers)
+        {
+            if (entry.second && entry.second == layer)
+                return false;
+        }
+    }
+    const auto* made = dynamic_cast<const CZoGraphicsMapLayer*>(layer);
+    return made && made->GetGraphicsModule() != this;
+}
+
+bool CZoGraphicsModule::AcceptsTarget(const IZoGraphicsMapLayer* layer, const char* creator) const
+{
+    if (!ZoAcceptsCallingThread(kClassName, creator))
+        return false;
+    if (layer && IsForeignLayer(layer))
+    {
+        ZoLogWarnAt(kClassName, creator) << ZoLogReason::kForeignLayer;
+        return false;
+    }
+    return true;
+}
+
 void CZoGraphicsModule::Unintialise()
 {
+    if (!ZoAcceptsCallingThread(kClassName, "Unintialise"))
+        return;
     {
         CZoLockGuard guard(*m_layerLock);
         for (auto& entry : m_layers)
@@ -188,6 +266,8 @@ IZoGraphicsMapLayer* CZoGraphicsModule::GetDeafultGraphicsLayer() const
 
 IZoGraphicsMapLayer* CZoGraphicsModule::CreateGraphicsLayer(const std::string& name)
 {
+    if (!ZoAcceptsCallingThread(kClassName, "CreateGraphicsLayer"))
+        return nullptr;
     auto layer = std::make_unique<CZoGraphicsMapLayer>();
     if (!layer->Initialise(name, m_mapModule, this))
     {
@@ -211,8 +291,13 @@ IZoGraphicsMapLayer* CZoGraphicsModule::LookupGraphicsLayer(const std::string& n
 
 void CZoGraphicsModule::DestroyGraphicsLayer(IZoGraphicsMapLayer* layer)
 {
-    if (!layer)
+    if (!layer || !ZoAcceptsCallingThread(kClassName, "DestroyGraphicsLayer"))
         return;
+    if (IsForeignLayer(layer))
+    {
+        ZoLogWarnAt(kClassName, "DestroyGraphicsLayer") << ZoLogReason::kForeignLayer;
+        return;
+    }
     if (layer == m_defaultLayer)
         m_defaultLayer = nullptr;
     {
@@ -250,10 +335,16 @@ Interface* CZoGraphicsModule::LookupTyped(const std::string& name) const
 
 void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
 {
-    if (!object)
+    if (!object || !ZoAcceptsCallingThread(kClassName, "DestroyGraphicsMapObject"))
         return;
     CZoLockGuard guard(*m_objectLock);
-    EraseEntry(m_objects, object->GetObjectID(), object);
+    // Another module's object stays with it; one the host implements itself
+    // is the host's to give.
+    if (!EraseEntry(m_objects, object->GetObjectID(), object) && ZoObjectCore(object))
+    {
+        ZoLogWarnAt(kClassName, "DestroyGraphicsMapObject") << "图元不属于本模块";
+        return;
+    }
     m_names->objects.Erase(object->GetName(), object);
     DestroyGraphicsMapObjectImpl(object);
 }
@@ -280,6 +371,8 @@ template <class T, class Setup>
 T* CZoGraphicsModule::CreateAndRegister(const std::string& name, IZoGraphicsMapLayer* layer, const char* creator,
                                         Setup setup)
 {
+    if (!AcceptsTarget(layer, creator))
+        return nullptr;
     IZoGraphicsMapLayer* target = layer ? layer : m_defaultLayer;
     auto object = std::make_unique<T>();
     // Initialise runs even without a layer, so that the object's own text
@@ -315,27 +408,35 @@ std::nullptr_t CZoGraphicsModule::CreateUnavailable(const char* creator) const
 
 IZoGraphicsEditObject* CZoGraphicsModule::CreateTranslateEditObject(IZoGraphicsMapLayer* layer)
 {
+    if (!AcceptsTarget(layer, "CreateTranslateEditObject"))
+        return nullptr;
     return ZoCreateEditObject<CTranslateBall>(this, layer, "CreateTranslateEditObject");
 }
 
 IZoGraphicsEditObject* CZoGraphicsModule::CreateRotationEditObject(IZoGraphicsMapLayer* layer)
 {
+    if (!AcceptsTarget(layer, "CreateRotationEditObject"))
+        return nullptr;
     return ZoCreateEditObject<CRotationAxis>(this, layer, "CreateRotationEditObject");
 }
 
 IZoGraphicsEditObject* CZoGraphicsModule::CreateScaleEditObject(IZoGraphicsMapLayer* layer)
 {
+    if (!AcceptsTarget(layer, "CreateScaleEditObject"))
+        return nullptr;
     return ZoCreateEditObject<CScaleBox>(this, layer, "CreateScaleEditObject");
 }
 
 IZoGraphicsEditObject* CZoGraphicsModule::CreateKeyPointSetEditObject(IZoGraphicsMapLayer* layer)
 {
+    if (!AcceptsTarget(layer, "CreateKeyPointSetEditObject"))
+        return nullptr;
     return ZoCreateEditObject<CKeyPointSet>(this, layer, "CreateKeyPointSetEditObject");
 }
 
 void CZoGraphicsModule::DestroyGraphicsEditObject(IZoGraphicsEditObject* editObject)
 {
-    if (!editObject)
+    if (!editObject || !ZoAcceptsCallingThread(kClassName, "DestroyGraphicsEditObject"))
         return;
     // A gadget given back from inside its own callback lives until that returns.
     if (auto* gadget = dynamic_cast<CZoEditObjectBase*>(editObject))
@@ -533,6 +634,8 @@ void StackBefore(QGraphicsItem* item, const QGraphicsItem* sibling)
 void CZoGraphicsModule::Stack(EStacking mode, const char* method, IZoGraphicsMapObject* object,
                               const std::vector<int>& ids)
 {
+    if (!ZoAcceptsCallingThread(kClassName, method))
+        return;
     if (!object || ids.empty())
     {
         ZoLogWarnAt(kClassName, method) << ZoLogReason::kArgumentNull;

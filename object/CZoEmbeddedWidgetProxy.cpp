@@ -1,6 +1,7 @@
 #include "object/CZoEmbeddedWidgetProxy.h"
 
 #include "layer/ZoSceneEvents.h"
+#include "object/ZoItemLifetime.h"
 
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
@@ -22,6 +23,12 @@ void ZoRecordGrabbedWheel(IZoGraphicsMapObject* owner)
 CZoEmbeddedWidgetProxy::CZoEmbeddedWidgetProxy(IZoGraphicsMapObject* owner, QGraphicsItem* parent)
     : QGraphicsProxyWidget(parent), m_owner(owner)
 {
+}
+
+bool CZoEmbeddedWidgetProxy::sceneEvent(QEvent* event)
+{
+    CZoItemEventScope delivering;
+    return QGraphicsProxyWidget::sceneEvent(event);
 }
 
 void CZoEmbeddedWidgetProxy::mousePressEvent(QGraphicsSceneMouseEvent* event)

@@ -14,7 +14,11 @@ public:
     CZoEmbeddedWidgetProxy(IZoGraphicsMapObject* owner, QGraphicsItem* parent);
     Q_DISABLE_COPY(CZoEmbeddedWidgetProxy)
 
+    // The object is gone; the proxy may outlive it until the event loop runs.
+    void ForgetOwner() { m_owner = nullptr; }
+
 protected:
+    bool sceneEvent(QEvent* event) override;
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void wheelEvent(QGraphicsSceneWheelEvent* event) override;
 

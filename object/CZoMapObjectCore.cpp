@@ -1,6 +1,7 @@
 #include "object/CZoMapObjectCore.h"
 
 #include "object/IZoMapObjectInternal.h"
+#include "object/ZoItemLifetime.h"
 #include "object/ZoLogText.h"
 #include "object/ZoPixelValues.h"
 
@@ -67,10 +68,34 @@ CZoMapObjectCore::~CZoMapObjectCore()
         if (QGraphicsScene* scene = item->scene())
             scene->removeItem(item);
     }
+    DisposeItem();
+}
+
+void CZoMapObjectCore::DisposeItem()
+{
+    if (!m_item)
+        return;
+    m_item->ForgetOwner();
+    ZoDisposeItem(std::move(m_item));
+}
+
+void CZoMapObjectCore::ForgetDeletedItem(const IZoGraphicsItemImpl* item)
+{
+    if (!m_item || m_item.get() != item)
+        return;
+    static_cast<void>(m_item.release());
+    m_inScene = false;
+}
+
+bool CZoMapObjectCore::AcceptsCallingThread(const char* method) const
+{
+    return ZoAcceptsCallingThread(m_names.className, method);
 }
 
 bool CZoMapObjectCore::Initialise(const std::string& name, IZoMapModule* mapModule, IZoMapLayer* layer)
 {
+    if (!AcceptsCallingThread("Initialise"))
+        return false;
     if (!mapModule)
     {
         ZoLogWarnAt(m_names.InitialiseClass(), "Initialise") << ZoLogReason::kMapModuleNull;
@@ -87,7 +112,7 @@ bool CZoMapObjectCore::Initialise(const std::string& name, IZoMapModule* mapModu
     if (m_item)
     {
         RemoveFromScene();
-        m_item.reset();
+        DisposeItem();
     }
     m_zValue = layer->GetZValue();
     PixelScaleFromViewScale(mapModule->GetViewScale(), &m_pixelScale);
@@ -109,8 +134,10 @@ bool CZoMapObjectCore::Initialise(const std::string& name, IZoMapModule* mapModu
 
 void CZoMapObjectCore::Unintialise()
 {
+    if (!AcceptsCallingThread("Unintialise"))
+        return;
     m_self.RemoveFromScene();
-    m_item.reset();
+    DisposeItem();
     m_mapLayer = nullptr;
     m_mapModule = nullptr;
     m_graphicsLayer = nullptr;
@@ -118,6 +145,8 @@ void CZoMapObjectCore::Unintialise()
 
 void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
 {
+    if (!AcceptsCallingThread("SetMapLayer"))
+        return;
     InvalidateLabels();
     auto* graphicsLayer = dynamic_cast<IZoGraphicsMapLayer*>(layer);
     AnnounceHold(ShapeCacheOf(graphicsLayer), m_alwaysRebuild, m_rebuildThreshold);
@@ -135,6 +164,8 @@ std::string CZoMapObjectCore::GetName() const
 
 void CZoMapObjectCore::SetMinLodLevel(int level)
 {
+    if (!AcceptsCallingThread("SetMinLodLevel"))
+        return;
     m_minLod = level;
     if (m_mapModule)
         m_self.UpdateVisibility(CurrentLod());
@@ -144,6 +175,8 @@ void CZoMapObjectCore::SetMinLodLevel(int level)
 
 void CZoMapObjectCore::SetMaxLodLevel(int level)
 {
+    if (!AcceptsCallingThread("SetMaxLodLevel"))
+        return;
     m_maxLod = level;
     if (m_mapModule)
         m_self.UpdateVisibility(CurrentLod());
@@ -153,6 +186,8 @@ void CZoMapObjectCore::SetMaxLodLevel(int level)
 
 void CZoMapObjectCore::SetName(const std::string& name)
 {
+    if (!AcceptsCallingThread("SetName"))
+        return;
     // The index is keyed by what GetName answers, which is the name after a
     // round trip through the code page.
     const std::string oldName = m_nameObserver ? GetName() : std::string();
@@ -167,6 +202,8 @@ void CZoMapObjectCore::SetName(const std::string& name)
 
 void CZoMapObjectCore::SetNameVisible(bool visible)
 {
+    if (!AcceptsCallingThread("SetNameVisible"))
+        return;
     m_label.visible = visible;
     if (!visible)
         m_label.Release();
@@ -194,6 +231,8 @@ bool CZoMapObjectCore::IsNameVisible() const
 
 void CZoMapObjectCore::SetNameFont(const QFont& font)
 {
+    if (!AcceptsCallingThread("SetNameFont"))
+        return;
     m_label.SetFont(font);
     if (m_item)
         RelayoutNameAndRepaint(false);
@@ -201,6 +240,8 @@ void CZoMapObjectCore::SetNameFont(const QFont& font)
 
 void CZoMapObjectCore::SetNameOffset(float offset)
 {
+    if (!AcceptsCallingThread("SetNameOffset"))
+        return;
     if (!ZoPlausiblePixels(offset))
         return;
     m_label.SetOffset(offset);
@@ -210,18 +251,24 @@ void CZoMapObjectCore::SetNameOffset(float offset)
 
 void CZoMapObjectCore::SetNameColor(const QColor& color)
 {
+    if (!AcceptsCallingThread("SetNameColor"))
+        return;
     m_label.textColor = color;
     Update();
 }
 
 void CZoMapObjectCore::SetNameOutlineColor(const QColor& color)
 {
+    if (!AcceptsCallingThread("SetNameOutlineColor"))
+        return;
     m_label.outlineColor = color;
     Update();
 }
 
 void CZoMapObjectCore::SetNameOutlineWidth(double width)
 {
+    if (!AcceptsCallingThread("SetNameOutlineWidth"))
+        return;
     if (!ZoPlausiblePenWidth(width))
         return;
     m_label.outlineWidth = width;
@@ -229,8 +276,22 @@ void CZoMapObjectCore::SetNameOutlineWidth(double width)
     Update();
 }
 
+void CZoMapObjectCore::SetNameMinLodLevel(int level)
+{
+    if (AcceptsCallingThread("SetNameMinLodLevel"))
+        m_label.minLod = level;
+}
+
+void CZoMapObjectCore::SetNameMaxLodLevel(int level)
+{
+    if (AcceptsCallingThread("SetNameMaxLodLevel"))
+        m_label.maxLod = level;
+}
+
 void CZoMapObjectCore::SetZValue(int z)
 {
+    if (!AcceptsCallingThread("SetZValue"))
+        return;
     if (z != m_zValue)
         InvalidateLabels();
     m_zValue = z;
@@ -240,6 +301,8 @@ void CZoMapObjectCore::SetZValue(int z)
 
 void CZoMapObjectCore::SetInteractive(bool interactive)
 {
+    if (!AcceptsCallingThread("SetInteractive"))
+        return;
     m_interactive = interactive;
     ApplyInteractive();
 }
@@ -256,6 +319,8 @@ void CZoMapObjectCore::ApplyInteractive()
 
 void CZoMapObjectCore::SetVisible(bool visible)
 {
+    if (!AcceptsCallingThread("SetVisible"))
+        return;
     m_visible = visible;
     if (m_mapModule)
         m_self.UpdateVisibility(CurrentLod());
@@ -288,6 +353,8 @@ CAABB CZoMapObjectCore::AnchorBoundingBox() const
 
 void CZoMapObjectCore::UpdateVisibility(int lod)
 {
+    if (!AcceptsCallingThread("UpdateVisibility"))
+        return;
     m_shown = false;
     if (m_visible)
     {
@@ -320,6 +387,8 @@ void CZoMapObjectCore::UpdateVisibility(int lod)
 
 void CZoMapObjectCore::SetResolution(double scale)
 {
+    if (!AcceptsCallingThread("SetResolution"))
+        return;
     double newScale = m_pixelScale;
     PixelScaleFromViewScale(scale, &newScale);
     if (!m_item)
@@ -348,6 +417,8 @@ void CZoMapObjectCore::SetResolution(double scale)
 
 void CZoMapObjectCore::UpdatePosition()
 {
+    if (!AcceptsCallingThread("UpdatePosition"))
+        return;
     InvalidateLabels();
     if (m_item)
         m_item->GraphicsItem()->setPos(m_kind.AnchorToPixel());
@@ -393,6 +464,8 @@ QGraphicsItem* CZoMapObjectCore::GetQtItem() const
 
 void CZoMapObjectCore::AddToScene()
 {
+    if (!AcceptsCallingThread("AddToScene"))
+        return;
     if (m_inScene)
         return;
     InvalidateLabels();
@@ -412,6 +485,8 @@ void CZoMapObjectCore::AddToScene()
 
 void CZoMapObjectCore::RemoveFromScene()
 {
+    if (!AcceptsCallingThread("RemoveFromScene"))
+        return;
     InvalidateLabels();
     if (m_item && m_inScene)
     {
@@ -429,6 +504,8 @@ void CZoMapObjectCore::RemoveFromScene()
 
 void CZoMapObjectCore::Rebuild(double scale)
 {
+    if (!AcceptsCallingThread("Rebuild"))
+        return;
     EnsureItem();
     double newScale = m_pixelScale;
     PixelScaleFromViewScale(scale, &newScale);
@@ -441,6 +518,8 @@ void CZoMapObjectCore::Rebuild(double scale)
 
 void CZoMapObjectCore::Dirty()
 {
+    if (!AcceptsCallingThread("Dirty"))
+        return;
     if (!m_item)
     {
         ZoLogWarnAt(m_names.className, "Dirty") << ZoLogReason::kItemMissing;
@@ -456,6 +535,8 @@ void CZoMapObjectCore::Dirty()
 
 void CZoMapObjectCore::Update()
 {
+    if (!AcceptsCallingThread("Update"))
+        return;
     if (m_item)
         m_item->Repaint();
 }
@@ -475,12 +556,16 @@ void CZoMapObjectCore::AnnounceHold(bool shapeCache, bool always, double thresho
 
 void CZoMapObjectCore::SetAlwaysRebuild(bool always)
 {
+    if (!AcceptsCallingThread("SetAlwaysRebuild"))
+        return;
     AnnounceHold(ShapeCacheOf(m_graphicsLayer), always, m_rebuildThreshold);
     m_alwaysRebuild = always;
 }
 
 void CZoMapObjectCore::SetRebuildThreshold(double threshold)
 {
+    if (!AcceptsCallingThread("SetRebuildThreshold"))
+        return;
     AnnounceHold(ShapeCacheOf(m_graphicsLayer), m_alwaysRebuild, threshold);
     m_rebuildThreshold = threshold;
 }

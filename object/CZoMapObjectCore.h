@@ -101,8 +101,8 @@ public:
     void SetNameOutlineColor(const QColor& color);
     void SetNameOutlineWidth(double width);
     void SetNameOffset(float offset);
-    void SetNameMinLodLevel(int level) { m_label.minLod = level; }
-    void SetNameMaxLodLevel(int level) { m_label.maxLod = level; }
+    void SetNameMinLodLevel(int level);
+    void SetNameMaxLodLevel(int level);
     CZoNameLabel& Label() { return m_label; }
     const CZoNameLabel& Label() const { return m_label; }
 
@@ -156,6 +156,13 @@ public:
     void RebuildAndRepaint(bool forced);
     void RelayoutNameAndRepaint(bool forced);
     void EnsureItem();
+    // The item was deleted by someone else (its scene, going away).
+    void ForgetDeletedItem(const IZoGraphicsItemImpl* item);
+    // The host's map module has ended: nothing may call it any more. The
+    // item stays where it is; a dying scene deletes it (ForgetDeletedItem).
+    void ForgetMapModule() { m_mapModule = nullptr; }
+    // Whether the calling thread may run method; see ZoAcceptsCallingThread.
+    bool AcceptsCallingThread(const char* method) const;
     // Draws a label placed in item pixels when it shows at lod: the painter
     // is scaled by s first, so the label keeps its on-screen size. Every
     // kind's paint goes through here, whatever label record it draws.
@@ -163,6 +170,8 @@ public:
 
 private:
     void ApplyInteractive();
+    // Lets go of the item, now or, while Qt delivers an item event, later.
+    void DisposeItem();
 
     IZoGraphicsMapObject& m_self;
     IKind& m_kind;

@@ -31,4 +31,7 @@ public:
     {
         PaintOnCanvas(painter, canvas.Level());
     }
+    // The object is letting go of its item: the item, which may live on for
+    // a while (see ZoDisposeItem), must not reach the object again.
+    virtual void ForgetOwner() {}
 };

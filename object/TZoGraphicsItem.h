@@ -1,7 +1,9 @@
 #pragma once
 
 #include "layer/ZoSceneEvents.h"
+#include "object/CZoMapObjectCore.h"
 #include "object/IZoGraphicsItemImpl.h"
+#include "object/ZoItemLifetime.h"
 
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
@@ -20,7 +22,7 @@ template <class QtBase, class Owner>
 class TZoGraphicsItem : public QtBase, public IZoGraphicsItemImpl
 {
 public:
-    explicit TZoGraphicsItem(Owner* owner) : QtBase(nullptr), m_owner(owner)
+    explicit TZoGraphicsItem(Owner* owner) : QtBase(nullptr), m_owner(owner), m_core(owner ? &owner->Core() : nullptr)
     {
         if (m_owner)
         {
@@ -28,15 +30,32 @@ public:
             this->setData(kZoItemDataObjectId, QVariant(m_owner->GetObjectID()));
         }
     }
+    // A scene deletes the items it still holds when it goes (a host that
+    // deletes its map module first): the object must stop using its item.
+    ~TZoGraphicsItem() override
+    {
+        if (m_core)
+            m_core->ForgetDeletedItem(this);
+    }
     TZoGraphicsItem(const TZoGraphicsItem&) = delete;
     TZoGraphicsItem& operator=(const TZoGraphicsItem&) = delete;
 
     QGraphicsItem* GraphicsItem() override { return this; }
     void NotifyGeometryChange() override { this->prepareGeometryChange(); }
     void Repaint() override { this->update(); }
+    void ForgetOwner() override
+    {
+        m_owner = nullptr;
+        m_core = nullptr;
+    }
     Owner* GetOwner() const { return m_owner; }
 
 protected:
+    bool sceneEvent(QEvent* event) override
+    {
+        CZoItemEventScope delivering;
+        return QtBase::sceneEvent(event);
+    }
     void hoverEnterEvent(QGraphicsSceneHoverEvent*) override { Record(ZoGraphicsConstantNS::STR_SCENE_HOVER_ENTER); }
     void hoverMoveEvent(QGraphicsSceneHoverEvent*) override { Record(ZoGraphicsConstantNS::STR_SCENE_HOVER_MOVE); }
     void hoverLeaveEvent(QGraphicsSceneHoverEvent*) override { Record(ZoGraphicsConstantNS::STR_SCENE_HOVER_LEAVE); }
@@ -64,4 +83,7 @@ protected:
     }
 
     Owner* m_owner;
+
+private:
+    CZoMapObjectCore* m_core;
 };

@@ -43,10 +43,15 @@ public:
     void SetName(const std::string& name) override { m_core.SetName(name); }
     void SetProperty(const std::string& key, const QVariant& value) override
     {
-        m_core.Properties().SetProperty(key, value);
+        if (m_core.AcceptsCallingThread("SetProperty"))
+            m_core.Properties().SetProperty(key, value);
     }
     QVariant GetProperty(const std::string& key) const override { return m_core.Properties().GetProperty(key); }
-    void SetUserData(int role, const QVariant& value) override { m_core.Properties().SetUserData(role, value); }
+    void SetUserData(int role, const QVariant& value) override
+    {
+        if (m_core.AcceptsCallingThread("SetUserData"))
+            m_core.Properties().SetUserData(role, value);
+    }
     QVariant GetUserData(int role) const override { return m_core.Properties().GetUserData(role); }
     void SetNameVisible(bool visible) override { m_core.SetNameVisible(visible); }
     bool IsNameVisible() const override { return m_core.IsNameVisible(); }

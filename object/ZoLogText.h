@@ -27,4 +27,6 @@ constexpr const char* kArgumentNull = "传入参数为空";
 constexpr const char* kConvertFailed = "ConvertSceneToPixel失败";
 constexpr const char* kInitialiseFailed = "初始化失败";
 constexpr const char* kIndexOutOfRange = "Index越界: ";
+constexpr const char* kNotGuiThread = "只能在GUI线程调用";
+constexpr const char* kForeignLayer = "图层不属于本模块";
 } // namespace ZoLogReason

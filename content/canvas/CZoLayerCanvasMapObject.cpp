@@ -1,11 +1,10 @@
 #include "content/canvas/CZoLayerCanvasMapObject.h"
 
+#include "object/ZoItemLifetime.h"
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 
-#include <QCoreApplication>
-#include <QThread>
 #include <cmath>
 
 namespace
@@ -13,12 +12,6 @@ namespace
 bool IsFinite(const EXTENT& e)
 {
     return std::isfinite(e.xmin) && std::isfinite(e.ymin) && std::isfinite(e.xmax) && std::isfinite(e.ymax);
-}
-
-bool OnGuiThread()
-{
-    const QCoreApplication* app = QCoreApplication::instance();
-    return app && QThread::currentThread() == app->thread();
 }
 } // namespace
 
@@ -37,7 +30,7 @@ void CZoLayerCanvasMapObject::SetImage(const QImage& image)
     // not hold up a painter.
     previous = QImage();
 
-    if (OnGuiThread())
+    if (ZoOnGuiThread())
     {
         RefreshForNewImage();
         return;

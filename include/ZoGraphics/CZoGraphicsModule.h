@@ -7,6 +7,7 @@
 #include <string>
 
 class IZoMapModule;
+class QObject;
 class CZoLock;
 class CZoModuleNames;
 
@@ -20,6 +21,33 @@ class CZoModuleNames;
 /// A host constructs it, calls Initialise() with its IZoMapModule, uses it,
 /// then gives back its edit gadgets (their handles are objects of this module),
 /// calls Unintialise() and deletes it.
+///
+/// Lifetimes the module survives:
+/// - The map module may end first. The module takes the destruction of the
+///   map module's scene or event object (GetScene(), GetEventObject()) as its
+///   end: from then on nothing calls the map module, the scene deletes the
+///   items it holds and the objects go on without them, and creators fail
+///   with their "初始化失败" text. Unintialise() and the destructor then work
+///   as usual. Edit gadgets talk to the map module themselves: give them back
+///   before the map module goes.
+/// - An object may be destroyed from inside an event that its own item (or any
+///   item of the module) is delivering, a click on a button of its embedded
+///   widget or a filter reacting to a recorded scene event: it is gone for
+///   lookups at once, and its item is deleted when control returns to the
+///   event loop.
+/// - Layers belong to the module that made them. Creators, edit-gadget
+///   creators and DestroyGraphicsLayer() refuse a layer that another module
+///   made with "[CZoGraphicsModule::<operation>] 图层不属于本模块" and a null
+///   result; DestroyGraphicsMapObject() refuses another module's object with
+///   "[CZoGraphicsModule::DestroyGraphicsMapObject] 图元不属于本模块". Layers
+///   and objects the host implements itself are taken as before.
+///
+/// Threads: lookups may come from any thread; everything else (creating,
+/// destroying, initialising, stacking, and every setter of a map object) from
+/// the GUI thread only. Debug builds assert it; release builds refuse the call
+/// and log "[<class>::<operation>] 只能在GUI线程调用" the first time each
+/// operation is refused. The layer canvas's SetImage is the one setter a
+/// worker may call.
 class ZOGRAPHICS_EXPORT CZoGraphicsModule : public IZoGraphicsModule
 {
 public:
@@ -154,6 +182,14 @@ private:
     // that nothing calls into it later.
     void ForgetLayer(const IZoGraphicsMapLayer* layer);
     void Stack(EStacking mode, const char* method, IZoGraphicsMapObject* object, const std::vector<int>& ids);
+    // Hears of the map module's end through its scene and event object.
+    void WatchMapModule();
+    void ForgetMapModule();
+    // Whether layer is a layer of the library that another module made.
+    bool IsForeignLayer(const IZoGraphicsMapLayer* layer) const;
+    // A creator may run here with this layer (null: the default layer);
+    // otherwise it has logged why not.
+    bool AcceptsTarget(const IZoGraphicsMapLayer* layer, const char* creator) const;
 
     int m_moduleId = -1;
     std::string m_name;
@@ -166,4 +202,6 @@ private:
     IZoGraphicsMapLayer* m_defaultLayer = nullptr;
     // Name lookups go through these indexes instead of walking the registries.
     std::unique_ptr<CZoModuleNames> m_names;
+    // Context of the connections that report the map module's end.
+    std::unique_ptr<QObject> m_mapWatch;
 };

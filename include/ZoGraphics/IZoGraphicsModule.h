@@ -54,12 +54,13 @@ ZOGRAPHICS_EXPORT extern const std::string STR_DEAFULT_GRAPHICS_LAYER_NAME;
 ///
 /// Names need not be unique. Lookups by name compare it exactly, byte for
 /// byte, follow renames, and return the object created first among those
-/// with the name; typed lookups pass over objects of other kinds. Lookups and
-/// destroyers log nothing, and destroyers ignore null.
+/// with the name; typed lookups pass over objects of other kinds. Lookups log
+/// nothing, and destroyers ignore null.
 ///
 /// The registries are guarded by locks, so lookups may come from other
 /// threads; creating, destroying and stacking touch Qt items and belong on
-/// the GUI thread.
+/// the GUI thread: called from another thread they are refused (with a
+/// logged text in release builds, an assertion in debug builds).
 class ZOGRAPHICS_EXPORT IZoGraphicsModule
 {
 public:
@@ -84,8 +85,8 @@ public:
     virtual IZoGraphicsMapLayer* CreateGraphicsLayer(const std::string& name) = 0;          // 2
     /// The first-created layer named `name`; null if none.
     virtual IZoGraphicsMapLayer* LookupGraphicsLayer(const std::string& name) const = 0;    // 3
-    /// Unregisters, uninitialises and deletes `layer`; null is ignored. Only
-    /// pass layers of this module: whatever is passed is deleted. Its objects
+    /// Unregisters, uninitialises and deletes `layer`; null is ignored. A
+    /// layer that another module made is refused with a logged text. Its objects
     /// are not destroyed: they stay registered without a layer, so destroy
     /// them first (IZoGraphicsMapLayer::DestroyAllMapObjects). Destroying the
     /// default layer leaves the module without one.
@@ -118,8 +119,10 @@ public:
     /// none.
     virtual IZoGraphicsMapObject* LookupGraphicObject(int id) const = 0;                    // 11
     /// Unregisters `object`, takes it off its layer (and its item out of the
-    /// scene), uninitialises and deletes it; null is ignored. Only pass
-    /// objects of this module: whatever is passed is deleted.
+    /// scene), uninitialises and deletes it; null is ignored, another module's
+    /// object is refused with a logged text. It may be called from inside an
+    /// event of the object's own item: the object is gone for lookups at once
+    /// and its item is deleted when control returns to the event loop.
     virtual void DestroyGraphicsMapObject(IZoGraphicsMapObject* object) = 0;                // 12
 
     /// Creates a text object named `name` on `layer` (null: the default layer).

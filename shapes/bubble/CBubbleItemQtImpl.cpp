@@ -109,9 +109,15 @@ CBubbleItemQtImpl::CBubbleItemQtImpl(CZoBubbleMapObject* owner)
     top->addWidget(m_close);
     m_layout->addLayout(top);
     // Closing hides the bubble; the host shows it again with SetVisible.
-    QObject::connect(m_close, &QPushButton::clicked, m_close, [owner]() { owner->SetVisible(false); });
+    QObject::connect(m_close, &QPushButton::clicked, m_close, [this]() {
+        if (m_owner)
+            m_owner->SetVisible(false);
+    });
     m_container = container.get();
-    new CLayoutRequestFilter(m_container, [this]() { RebuildShape(true); });
+    new CLayoutRequestFilter(m_container, [this]() {
+        if (m_owner)
+            RebuildShape(true);
+    });
     m_proxy->setWidget(container.release());
 
     if (owner)
@@ -121,6 +127,12 @@ CBubbleItemQtImpl::CBubbleItemQtImpl(CZoBubbleMapObject* owner)
 CBubbleItemQtImpl::~CBubbleItemQtImpl()
 {
     Release();
+}
+
+void CBubbleItemQtImpl::ForgetOwner()
+{
+    TZoGraphicsItem::ForgetOwner();
+    m_proxy->ForgetOwner();
 }
 
 void CBubbleItemQtImpl::Embed(QWidget* widget)

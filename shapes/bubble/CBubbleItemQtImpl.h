@@ -28,6 +28,7 @@ public:
     void RebuildShape(bool forced) override;
     void RebuildName(bool forced) override;
     void PaintOnCanvas(QPainter* painter, int level) override;
+    void ForgetOwner() override;
 
     // Shows widget in the box (null shows none), handing back the one shown before.
     void Embed(QWidget* widget);
