@@ -1,5 +1,6 @@
 #include "object/ZoAnchoredShape.h"
 
+#include "object/CZoGeoPixels.h"
 #include "object/CZoMapObjectCore.h"
 #include "object/ZoLogText.h"
 
@@ -28,19 +29,35 @@ bool ZoIsFinitePoint(const CVector3D& point)
 bool ZoIsValidExtent(const EXTENT& extent)
 {
     return std::isfinite(extent.xmin) && std::isfinite(extent.ymin) && std::isfinite(extent.xmax) &&
-           std::isfinite(extent.ymax) && extent.xmin <= extent.xmax && extent.ymin <= extent.ymax;
+           std::isfinite(extent.ymax) && extent.ymin <= extent.ymax;
+}
+
+double ZoExtentEast(const EXTENT& extent)
+{
+    return extent.xmin <= extent.xmax ? extent.xmax : extent.xmax + 360.0;
+}
+
+bool ZoAcceptExtent(const EXTENT& extent, const char* cls, const char* method)
+{
+    if (!std::isfinite(extent.xmin) || !std::isfinite(extent.ymin) || !std::isfinite(extent.xmax) ||
+        !std::isfinite(extent.ymax))
+    {
+        ZoLogWarnAt(cls, method) << "坐标无效";
+        return false;
+    }
+    if (extent.ymin > extent.ymax)
+    {
+        ZoLogWarnAt(cls, method) << "范围无效: 最小纬度大于最大纬度";
+        return false;
+    }
+    if (extent.xmin > extent.xmax)
+        ZoLogWarnAt(cls, method) << "最小经度大于最大经度, 按跨越180度经线的范围绘制";
+    return true;
 }
 
 bool ZoGeoToScenePixel(IZoMapModule* mapModule, const CVector3D& point, QPointF* pixel)
 {
-    if (!mapModule || !ZoIsFinitePoint(point))
-        return false;
-    int px = 0;
-    int py = 0;
-    if (!mapModule->ConvertSceneToPixel(&px, &py, point.x, point.y))
-        return false;
-    *pixel = QPointF(px, py);
-    return true;
+    return CZoGeoPixels(mapModule).Point(point, pixel);
 }
 
 QPointF ZoAnchorToScenePixel(const CZoMapObjectCore& core, const CVector3D& anchor)

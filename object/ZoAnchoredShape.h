@@ -17,13 +17,22 @@ class IZoMapModule;
 // Both coordinates are numbers a map module can convert.
 bool ZoIsFinitePoint(const CVector3D& point);
 
-// Finite corners with min <= max on both axes; an extent of zero width or
-// height is valid and draws a degenerate shape.
+// Finite corners with y min <= y max; an extent of zero width or height is
+// valid and draws a degenerate shape. An x min above the x max is an extent
+// across the antimeridian.
 bool ZoIsValidExtent(const EXTENT& extent);
+// The east edge of an extent as a longitude that continues its west edge:
+// past 180 for an extent across the antimeridian.
+double ZoExtentEast(const EXTENT& extent);
+// Checks an extent handed to a setter: a non-finite corner or a y min above
+// the y max logs "[cls::method] reason" and is refused; an extent across the
+// antimeridian is accepted with a note.
+bool ZoAcceptExtent(const EXTENT& extent, const char* cls, const char* method);
 
 // Geographic point to integer scene pixels through the map module, without
 // logging. False without a map module, for a non-finite point, or when the
-// module cannot convert it.
+// module cannot convert it. A longitude past +-180 lies beside the world, so
+// that a shape's corners and rim may continue across the antimeridian.
 bool ZoGeoToScenePixel(IZoMapModule* mapModule, const CVector3D& point, QPointF* pixel);
 
 // The item position of an anchor. A point that cannot be converted, a
