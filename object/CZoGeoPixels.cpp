@@ -5,8 +5,8 @@
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoMapModule.h>
-#include <ZoGraphics/ZoTileModel.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -41,6 +41,7 @@ bool CZoGeoPixels::Point(double lon, double lat, QPointF* pixel) const
 {
     if (!m_map || !std::isfinite(lon) || !std::isfinite(lat))
         return false;
+    lat = std::clamp(lat, -90.0, 90.0);
     // Inside the world the map module is asked directly: no world width needed.
     if ((lon >= -180.0 && lon <= 180.0) || WorldWidth() <= 0.0)
         return Convert(m_map, lon, lat, pixel);
@@ -102,26 +103,18 @@ double CZoGeoPixels::PoleY(bool north) const
     return Point(0.0, north ? 90.0 : -90.0, &pixel) ? pixel.y() : 0.0;
 }
 
-bool CZoGeoPixels::CheckRange(const CVector3D* points, std::size_t count, const char* cls, const char* method) const
+void CZoGeoPixels::NoteOutOfRange(const CVector3D* points, std::size_t count, const char* cls,
+                                  const char* method)
 {
-    const CTileModel* model = m_map ? ITileModel::GetTileModel(m_map->GetTileModelKind(), true) : nullptr;
-    const double reach = model ? model->GetGeoExtent().ymax : 90.0;
     bool pastMeridian = false;
-    bool pastReach = false;
+    bool pastPole = false;
     for (std::size_t i = 0; i < count; ++i)
     {
-        const double lat = std::fabs(points[i].y);
-        if (lat > 90.0)
-        {
-            ZoLogWarnAt(cls, method) << "坐标无效";
-            return false;
-        }
         pastMeridian = pastMeridian || std::fabs(points[i].x) > 180.0;
-        pastReach = pastReach || lat > reach;
+        pastPole = pastPole || std::fabs(points[i].y) > 90.0;
     }
     if (pastMeridian)
         ZoLogWarnAt(cls, method) << "经度超出±180, 按同一经线绘制";
-    if (pastReach)
-        ZoLogWarnAt(cls, method) << "纬度超出投影范围, 在地图边缘绘制";
-    return true;
+    if (pastPole)
+        ZoLogWarnAt(cls, method) << "纬度超出±90, 在地图边缘绘制";
 }

@@ -35,11 +35,12 @@ public:
     QPolygonF Offsets(const std::vector<CVector3D>& line, const QPointF& origin,
                       double nearX = std::numeric_limits<double>::quiet_NaN()) const;
 
-    // Looks over points handed to a setter. A latitude past a pole is refused:
-    // "[cls::method] 坐标无效", false. A longitude past +-180 (drawn as the
-    // same meridian) and a latitude past the projection's reach (drawn at the
-    // map's edge) are accepted, with one note per call each.
-    bool CheckRange(const CVector3D* points, std::size_t count, const char* cls, const char* method) const;
+    // Notes points handed to a setter that the map draws elsewhere than
+    // given: a longitude past +-180 (the same meridian) and a latitude past
+    // a pole (at the map's edge), once per call each. Latitudes between the
+    // projection's reach and the poles are valid and drawn at the edge
+    // without a word: the world's coastlines reach them.
+    static void NoteOutOfRange(const CVector3D* points, std::size_t count, const char* cls, const char* method);
 
     // Pixels of one turn of longitude; 0 when the map module does not repeat.
     double WorldWidth() const;

@@ -499,7 +499,7 @@ QPointF CZoMapObjectCore::ConvertGeoToScenePixel(const CVector3D& point, const c
     // An anchor past +-180 is the same meridian: the item sits in the world.
     const CZoGeoPixels geo(m_mapModule);
     QPointF pixel;
-    if (!(std::fabs(point.y) <= 90.0) || !geo.Point(ZoAntimeridian::Wrap(point.x), point.y, &pixel))
+    if (!geo.Point(ZoAntimeridian::Wrap(point.x), point.y, &pixel))
     {
         ZoLogWarnAt(m_names.className, method) << ZoLogReason::kConvertFailed;
         return QPointF(0.0, 0.0);
@@ -508,7 +508,7 @@ QPointF CZoMapObjectCore::ConvertGeoToScenePixel(const CVector3D& point, const c
     {
         m_notedAnchor = point;
         m_anchorNoted = true;
-        geo.CheckRange(&point, 1, m_names.className, method);
+        CZoGeoPixels::NoteOutOfRange(&point, 1, m_names.className, method);
     }
     return pixel;
 }

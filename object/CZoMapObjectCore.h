@@ -141,11 +141,10 @@ public:
     bool IsSuppressed() const;
     // The host's current level of detail, 0 without a map module.
     int CurrentLod() const;
-    // Geographic point to scene pixels through the map module; a failure (a
-    // latitude past a pole among them) logs "[Class::<method>]
-    // ConvertSceneToPixel失败" and gives (0, 0). A longitude past +-180 is the
-    // same meridian in the world; it and a latitude past the projection's
-    // reach are noted once for each point converted.
+    // Geographic point to scene pixels through the map module; a failure logs
+    // "[Class::<method>] ConvertSceneToPixel失败" and gives (0, 0). A longitude
+    // past +-180 is the same meridian in the world, a latitude past a pole
+    // lies at the map's edge; either is noted once for each point converted.
     QPointF ConvertGeoToScenePixel(const CVector3D& point, const char* method) const;
     // prepareGeometryChange on the item while the object is in the scene.
     void PrepareGeometryChange();

@@ -2,6 +2,7 @@
 
 #include "object/CZoGeoPixels.h"
 #include "object/CZoMapObjectCore.h"
+#include "object/ZoAntimeridian.h"
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
@@ -29,30 +30,20 @@ bool ZoIsFinitePoint(const CVector3D& point)
 bool ZoIsValidExtent(const EXTENT& extent)
 {
     return std::isfinite(extent.xmin) && std::isfinite(extent.ymin) && std::isfinite(extent.xmax) &&
-           std::isfinite(extent.ymax) && extent.ymin <= extent.ymax;
+           std::isfinite(extent.ymax);
 }
 
 double ZoExtentEast(const EXTENT& extent)
 {
-    return extent.xmin <= extent.xmax ? extent.xmax : extent.xmax + 360.0;
+    return extent.xmin <= extent.xmax ? extent.xmax : ZoAntimeridian::Continue(extent.xmin, extent.xmax);
 }
 
 bool ZoAcceptExtent(const EXTENT& extent, const char* cls, const char* method)
 {
-    if (!std::isfinite(extent.xmin) || !std::isfinite(extent.ymin) || !std::isfinite(extent.xmax) ||
-        !std::isfinite(extent.ymax))
-    {
-        ZoLogWarnAt(cls, method) << "坐标无效";
-        return false;
-    }
-    if (extent.ymin > extent.ymax)
-    {
-        ZoLogWarnAt(cls, method) << "范围无效: 最小纬度大于最大纬度";
-        return false;
-    }
-    if (extent.xmin > extent.xmax)
-        ZoLogWarnAt(cls, method) << "最小经度大于最大经度, 按跨越180度经线的范围绘制";
-    return true;
+    if (ZoIsValidExtent(extent))
+        return true;
+    ZoLogWarnAt(cls, method) << "坐标无效";
+    return false;
 }
 
 bool ZoGeoToScenePixel(IZoMapModule* mapModule, const CVector3D& point, QPointF* pixel)

@@ -17,16 +17,15 @@ class IZoMapModule;
 // Both coordinates are numbers a map module can convert.
 bool ZoIsFinitePoint(const CVector3D& point);
 
-// Finite corners with y min <= y max; an extent of zero width or height is
-// valid and draws a degenerate shape. An x min above the x max is an extent
-// across the antimeridian.
+// Finite corners; an extent of zero width or height is valid and draws a
+// degenerate shape, one with a minimum above its maximum is drawn between
+// its corners (a scale box's frame passes through such while dragged).
 bool ZoIsValidExtent(const EXTENT& extent);
-// The east edge of an extent as a longitude that continues its west edge:
-// past 180 for an extent across the antimeridian.
+// The east edge of an extent as a longitude that continues its west edge.
+// An x maximum below the minimum is reached the short way: 170 to -170 is
+// 20 degrees across the antimeridian, 5 to 3 the box from 3 to 5.
 double ZoExtentEast(const EXTENT& extent);
-// Checks an extent handed to a setter: a non-finite corner or a y min above
-// the y max logs "[cls::method] reason" and is refused; an extent across the
-// antimeridian is accepted with a note.
+// A non-finite corner handed to a setter is refused with "[cls::method] 坐标无效".
 bool ZoAcceptExtent(const EXTENT& extent, const char* cls, const char* method);
 
 // Geographic point to integer scene pixels through the map module, without

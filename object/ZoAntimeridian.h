@@ -13,6 +13,10 @@ namespace ZoAntimeridian
 // longitudes far beyond one turn).
 inline double Wrap(double lon)
 {
+    // Left exactly as given inside the world: the arithmetic below could move
+    // it by a rounding step, and a pixel with it.
+    if (lon >= -180.0 && lon <= 180.0)
+        return lon;
     double east = std::fmod(lon + 180.0, 360.0);
     if (east < 0.0)
         east += 360.0;
@@ -23,6 +27,9 @@ inline double Wrap(double lon)
 // lies within half a turn of previous, past +-180 where the line crosses.
 inline double Continue(double previous, double lon)
 {
+    // A step within half a turn keeps the value exactly as given.
+    if (std::fabs(lon - previous) <= 180.0)
+        return lon;
     return previous + std::remainder(lon - previous, 360.0);
 }
 

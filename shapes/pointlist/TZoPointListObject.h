@@ -90,7 +90,8 @@ protected:
             ZoLogWarnAt(Derived::kLogNames.className, method) << kInvalidCoordinates;
             return false;
         }
-        return CZoGeoPixels(this->Core().GetMapModule()).CheckRange(points, count, Derived::kLogNames.className, method);
+        CZoGeoPixels::NoteOutOfRange(points, count, Derived::kLogNames.className, method);
+        return true;
     }
 
     void EditReplaceAll(std::vector<Line> lines)

@@ -149,22 +149,26 @@ TEST_F(AntimeridianTest, CircleAcrossTheAntimeridianHasItsShortRadius)
     EXPECT_NEAR(circle->GetQtItem()->shape().boundingRect().width(), 2 * oneDegree, 4.0);
 }
 
-TEST_F(AntimeridianTest, ExtentsAndPointsOutOfRangeAreNormalisedOrRefusedWithAText)
+TEST_F(AntimeridianTest, ExtentsAndPointsOutOfRangeAreDrawnOrRefusedWithAText)
 {
     LogCapture log;
     IZoRectangleMapObject* box = graphics.CreateRectangleMapObject("box", nullptr);
     ASSERT_NE(box, nullptr);
+    const double degree = WorldWidth() / 360.0;
+    // Corners the other way round: across the antimeridian the short way, or
+    // between the corners.
     box->SetExtent(EXTENT{170.0, -10.0, -170.0, 10.0});
-    EXPECT_NEAR(box->GetQtItem()->shape().boundingRect().width(), WorldWidth() * 20.0 / 360.0, 2.0);
-    box->SetExtent(EXTENT{0.0, 10.0, 5.0, -10.0});
-    EXPECT_EQ(box->GetExtent().xmin, 170.0);
+    EXPECT_NEAR(box->GetQtItem()->shape().boundingRect().width(), 20 * degree, 2.0);
+    box->SetExtent(EXTENT{10.0, 10.0, 0.0, -10.0});
+    EXPECT_NEAR(box->GetQtItem()->shape().boundingRect().width(), 10 * degree, 2.0);
+    box->SetExtent(EXTENT{0.0, qQNaN(), 5.0, 10.0});
+    EXPECT_EQ(box->GetExtent().xmin, 10.0);
 
     IZoPolylineMapObject* line = graphics.CreatePolylineMapObject("line", nullptr);
     ASSERT_NE(line, nullptr);
-    line->SetData({CVector3D(0.0, 95.0, 0.0), CVector3D(1.0, 0.0, 0.0)});
-    EXPECT_EQ(line->GetPointNumber(), 0);
-    line->SetData({CVector3D(190.0, 0.0, 0.0), CVector3D(0.0, 88.0, 0.0)});
+    line->SetData({CVector3D(190.0, 0.0, 0.0), CVector3D(0.0, 95.0, 0.0)});
     EXPECT_EQ(line->GetPointNumber(), 2);
+    EXPECT_EQ(line->GetQtItem()->pos(), QPointF(Pixel(-170.0, 0.0)));
 
     IZoSVGMapObject* svg = graphics.CreateSVGMapObject("picture", nullptr);
     ASSERT_NE(svg, nullptr);
@@ -175,11 +179,9 @@ TEST_F(AntimeridianTest, ExtentsAndPointsOutOfRangeAreNormalisedOrRefusedWithATe
     EXPECT_TRUE(svg->GetQtItem()->boundingRect().isNull());
 
     const std::vector<std::string> expected = {
-        "[CZoRectangleMapObject::SetExtent] 最小经度大于最大经度, 按跨越180度经线的范围绘制",
-        "[CZoRectangleMapObject::SetExtent] 范围无效: 最小纬度大于最大纬度",
-        "[CZoPolylineMapObject::SetData] 坐标无效",
+        "[CZoRectangleMapObject::SetExtent] 坐标无效",
         "[CZoPolylineMapObject::SetData] 经度超出±180, 按同一经线绘制",
-        "[CZoPolylineMapObject::SetData] 纬度超出投影范围, 在地图边缘绘制",
+        "[CZoPolylineMapObject::SetData] 纬度超出±90, 在地图边缘绘制",
     };
     const std::vector<std::string> messages = log.Messages();
     for (const std::string& text : expected)
