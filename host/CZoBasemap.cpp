@@ -1,5 +1,7 @@
 #include "CZoBasemap.h"
 
+#include "object/ZoAntimeridian.h"
+
 #include <ZoGraphics/ZoLogSystem.h>
 #include <ZoGraphics/ZoTileModel.h>
 
@@ -55,7 +57,7 @@ std::vector<QPointF> PrepareRing(const QJsonArray& coordinates)
         if (!std::isfinite(lon) || !std::isfinite(lat))
             continue;
         if (!ring.empty())
-            lon = ring.back().x() + std::remainder(lon - ring.back().x(), 360.0);
+            lon = ZoAntimeridian::Continue(ring.back().x(), lon);
         ring.emplace_back(lon, lat);
         latSum += lat;
     }
@@ -66,7 +68,7 @@ std::vector<QPointF> PrepareRing(const QJsonArray& coordinates)
         return {};
     const double first = ring.front().x();
     const double last = ring.back().x();
-    if (std::abs(last - first) > 180.0)
+    if (ZoAntimeridian::GoesRoundPole(first, last))
     {
         const double pole = latSum < 0.0 ? -90.0 : 90.0;
         ring.emplace_back(last, pole);
@@ -79,8 +81,8 @@ QPointF ProjectPoint(const CTileModel* model, int level, const EXTENT& extent, d
 {
     // Both tile models are periodic in longitude: a point past the
     // antimeridian lies one world width beside its wrapped twin.
-    const double turns = std::floor((geo.x() + 180.0) / 360.0);
-    const double lon = geo.x() - 360.0 * turns;
+    const double lon = ZoAntimeridian::Wrap(geo.x());
+    const double turns = std::round((geo.x() - lon) / 360.0);
     const double lat = std::clamp(geo.y(), extent.ymin, extent.ymax);
     double x = 0.0;
     double y = 0.0;

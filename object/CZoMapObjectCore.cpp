@@ -1,6 +1,8 @@
 #include "object/CZoMapObjectCore.h"
 
+#include "object/CZoGeoPixels.h"
 #include "object/IZoMapObjectInternal.h"
+#include "object/ZoAntimeridian.h"
 #include "object/ZoItemLifetime.h"
 #include "object/ZoLogText.h"
 #include "object/ZoPixelValues.h"
@@ -579,14 +581,21 @@ QPointF CZoMapObjectCore::ConvertGeoToScenePixel(const CVector3D& point, const c
 {
     if (!m_mapModule)
         return QPointF(0.0, 0.0);
-    int px = 0;
-    int py = 0;
-    if (!m_mapModule->ConvertSceneToPixel(&px, &py, point.x, point.y))
+    // An anchor past +-180 is the same meridian: the item sits in the world.
+    const CZoGeoPixels geo(m_mapModule);
+    QPointF pixel;
+    if (!geo.Point(ZoAntimeridian::Wrap(point.x), point.y, &pixel))
     {
         ZoLogWarnAt(m_names.className, method) << ZoLogReason::kConvertFailed;
         return QPointF(0.0, 0.0);
     }
-    return QPointF(px, py);
+    if (!m_anchorNoted || !(point == m_notedAnchor))
+    {
+        m_notedAnchor = point;
+        m_anchorNoted = true;
+        CZoGeoPixels::NoteOutOfRange(&point, 1, m_names.className, method);
+    }
+    return pixel;
 }
 
 void CZoMapObjectCore::PrepareGeometryChange()

@@ -142,7 +142,9 @@ public:
     // The host's current level of detail, 0 without a map module.
     int CurrentLod() const;
     // Geographic point to scene pixels through the map module; a failure logs
-    // "[Class::<method>] ConvertSceneToPixel失败" and gives (0, 0).
+    // "[Class::<method>] ConvertSceneToPixel失败" and gives (0, 0). A longitude
+    // past +-180 is the same meridian in the world, a latitude past a pole
+    // lies at the map's edge; either is noted once for each point converted.
     QPointF ConvertGeoToScenePixel(const CVector3D& point, const char* method) const;
     // prepareGeometryChange on the item while the object is in the scene.
     void PrepareGeometryChange();
@@ -181,6 +183,8 @@ private:
     bool m_labelDecluttered = false;
     bool m_labelShown = false; // as UpdateVisibility last found it
     bool m_geometryAnnounced = false;
+    mutable CVector3D m_notedAnchor; // the last point ConvertGeoToScenePixel noted
+    mutable bool m_anchorNoted = false;
 
     int m_objectId = -1;
     IZoMapLayer* m_mapLayer = nullptr;

@@ -39,10 +39,12 @@ public:
                 ZoLogWarnAt(Derived::kLogNames.className, "SetExtent") << Derived::kExtentTexts.setExtentWithoutModule;
             return;
         }
+        if (!ZoAcceptExtent(extent, Derived::kLogNames.className, "SetExtent"))
+            return;
         m_extent = extent;
         // Halved before they are added, so that corners near the largest
         // double still have a finite centre.
-        m_center = CVector3D(extent.xmin * 0.5 + extent.xmax * 0.5, extent.ymin * 0.5 + extent.ymax * 0.5, 0.0);
+        m_center = CVector3D(extent.xmin * 0.5 + ZoExtentEast(extent) * 0.5, extent.ymin * 0.5 + extent.ymax * 0.5, 0.0);
         m_width = MeasureWidth();
         m_height = MeasureHeight();
         this->Core().UpdatePosition();
@@ -64,7 +66,8 @@ public:
         QPointF high;
         QPointF target;
         if (!ZoIsValidExtent(m_extent) || !self.GeoToPixel(CVector3D(m_extent.xmin, m_extent.ymin, 0.0), &low) ||
-            !self.GeoToPixel(CVector3D(m_extent.xmax, m_extent.ymax, 0.0), &high) || !self.GeoToPixel(center, &target))
+            !self.GeoToPixel(CVector3D(ZoExtentEast(m_extent), m_extent.ymax, 0.0), &high) ||
+            !self.GeoToPixel(center, &target))
             return;
         const QPointF old(std::trunc((low.x() + high.x()) * 0.5), std::trunc((low.y() + high.y()) * 0.5));
         const QPointF offset = QPointF(std::trunc(target.x()), std::trunc(target.y())) - old;
@@ -126,7 +129,7 @@ protected:
     double MeasureWidth() const
     {
         IZoMapModule* map = this->Core().GetMapModule();
-        return map ? map->CalculateDistance(m_extent.xmin, m_extent.ymin, m_extent.xmax, m_extent.ymin) : 0.0;
+        return map ? map->CalculateDistance(m_extent.xmin, m_extent.ymin, ZoExtentEast(m_extent), m_extent.ymin) : 0.0;
     }
     double MeasureHeight() const
     {
@@ -143,7 +146,7 @@ private:
         QPointF high;
         if (!ZoIsValidExtent(m_extent) || !toPixel(m_center, &centre) ||
             !toPixel(CVector3D(m_extent.xmin, m_extent.ymin, 0.0), &low) ||
-            !toPixel(CVector3D(m_extent.xmax, m_extent.ymax, 0.0), &high))
+            !toPixel(CVector3D(ZoExtentEast(m_extent), m_extent.ymax, 0.0), &high))
             return false;
         *outline = QRectF(low - centre, high - centre).normalized();
         return true;

@@ -1,6 +1,8 @@
 #include "object/ZoAnchoredShape.h"
 
+#include "object/CZoGeoPixels.h"
 #include "object/CZoMapObjectCore.h"
+#include "object/ZoAntimeridian.h"
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
@@ -28,19 +30,25 @@ bool ZoIsFinitePoint(const CVector3D& point)
 bool ZoIsValidExtent(const EXTENT& extent)
 {
     return std::isfinite(extent.xmin) && std::isfinite(extent.ymin) && std::isfinite(extent.xmax) &&
-           std::isfinite(extent.ymax) && extent.xmin <= extent.xmax && extent.ymin <= extent.ymax;
+           std::isfinite(extent.ymax);
+}
+
+double ZoExtentEast(const EXTENT& extent)
+{
+    return extent.xmin <= extent.xmax ? extent.xmax : ZoAntimeridian::Continue(extent.xmin, extent.xmax);
+}
+
+bool ZoAcceptExtent(const EXTENT& extent, const char* cls, const char* method)
+{
+    if (ZoIsValidExtent(extent))
+        return true;
+    ZoLogWarnAt(cls, method) << "坐标无效";
+    return false;
 }
 
 bool ZoGeoToScenePixel(IZoMapModule* mapModule, const CVector3D& point, QPointF* pixel)
 {
-    if (!mapModule || !ZoIsFinitePoint(point))
-        return false;
-    int px = 0;
-    int py = 0;
-    if (!mapModule->ConvertSceneToPixel(&px, &py, point.x, point.y))
-        return false;
-    *pixel = QPointF(px, py);
-    return true;
+    return CZoGeoPixels(mapModule).Point(point, pixel);
 }
 
 QPointF ZoAnchorToScenePixel(const CZoMapObjectCore& core, const CVector3D& anchor)

@@ -18,6 +18,12 @@ public:
     // Refusals are logged as "[CZoSVGMapObject::method] ...".
     bool Load(const QString& path, const char* method);
     QSvgRenderer* Renderer() const { return m_renderer.get(); }
+    // Without a picture the item covers nothing: Qt would report a -1 by -1
+    // rectangle, and the extent taken from it would come out inverted.
+    QRectF boundingRect() const override
+    {
+        return m_renderer->isValid() ? QGraphicsSvgItem::boundingRect() : QRectF();
+    }
 
     void RebuildShape(bool) override {}
     void RebuildName(bool) override {}

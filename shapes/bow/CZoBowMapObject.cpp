@@ -40,7 +40,7 @@ void CZoBowMapObject::GetOutlinePoints(std::vector<CVector3D>& out) const
     QPointF centre;
     QPointF east;
     if (!GeoToPixel(center, &centre) ||
-        !GeoToPixel(CVector3D(extent.xmax, (extent.ymin + extent.ymax) * 0.5, 0.0), &east))
+        !GeoToPixel(CVector3D(ZoExtentEast(extent), (extent.ymin + extent.ymax) * 0.5, 0.0), &east))
         return;
     if (m_kind == EZoBowKind::Pie)
         out.push_back(center);

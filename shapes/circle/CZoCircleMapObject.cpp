@@ -1,6 +1,7 @@
 #include "shapes/circle/CZoCircleMapObject.h"
 
 #include "object/ZoAnchoredShape.h"
+#include "object/ZoAntimeridian.h"
 #include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoMapModule.h>
@@ -30,7 +31,9 @@ void CZoCircleMapObject::SetCenter(const CVector3D& center)
 
 void CZoCircleMapObject::SetRadiusPoint(const CVector3D& point)
 {
-    const double d = std::hypot(point.x - m_center.x, point.y - m_center.y);
+    // A rim across the antimeridian is reached the short way, as the map
+    // module measures the radius.
+    const double d = std::hypot(ZoAntimeridian::Continue(m_center.x, point.x) - m_center.x, point.y - m_center.y);
     m_rimPoint = CVector3D(m_center.x + d, m_center.y, 0.0);
     Core().RebuildAndRepaint(false);
 }

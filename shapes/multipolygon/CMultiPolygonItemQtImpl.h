@@ -7,7 +7,7 @@
 class CZoMultiPolygonMapObject;
 
 // The rings' own box, without margin.
-class CMultiPolygonItemQtImpl final : public TZoFillItem<QGraphicsItem, CZoMultiPolygonMapObject, 0>
+class CMultiPolygonItemQtImpl final : public TZoFillItem<QGraphicsItem, CZoMultiPolygonMapObject, 0, false>
 {
 public:
     explicit CMultiPolygonItemQtImpl(CZoMultiPolygonMapObject* owner) : TZoFillItem(owner) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPolygonF>
+#include <limits>
 #include <vector>
 
 // What a point-list item keeps of its owner's points: pixel offsets of every
@@ -13,6 +14,15 @@ struct CZoPointOffsets
 
     std::vector<QPolygonF> lines;
     int level = kNotFilled;
+    // Pixels of one turn of longitude (0: the map does not repeat) and the
+    // map's north and south edges, relative to the item: a ring going round
+    // a pole closes along its edge.
+    double worldWidth = 0.0;
+    double northEdge = 0.0;
+    double southEdge = 0.0;
+    // The middle of the first line drawn: the other lines lie within half a
+    // world of it. NaN before that.
+    double partsNearX = std::numeric_limits<double>::quiet_NaN();
 
     bool IsFilled() const { return level != kNotFilled; }
     int PointCount() const

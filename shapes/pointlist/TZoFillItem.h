@@ -3,19 +3,35 @@
 #include "object/CZoNameLabel.h"
 #include "shapes/pointlist/TZoPointListItem.h"
 #include "shapes/pointlist/ZoLineGeometry.h"
+#include "shapes/pointlist/ZoRingPaths.h"
 
 #include <QPainter>
 
-// The filled rings of the polygon and the multi-polygon: all rings in one
-// path under the odd-even rule, so that a ring inside another cuts a hole
-// and overlaps stay empty. The hit area is the filled area of the rings as
-// given (not thinned); the bounding rectangle is theirs, grown by
-// marginPixels pixels. The name shows only centred (label position 4).
-template <class QtBase, class Owner, int marginPixels>
+// The filled rings of the polygon and the multi-polygon, all in one path
+// (ZoPointList::RingsPath): under the odd-even rule when oddEven is set, else
+// as the union of the parts with their holes. The hit area is the filled
+// area of the rings as given (not thinned); the bounding rectangle is
+// theirs, grown by marginPixels pixels. The name shows only centred (label
+// position 4).
+template <class QtBase, class Owner, int marginPixels, bool oddEven>
 class TZoFillItem : public TZoPointListItem<QtBase, Owner>
 {
 public:
     explicit TZoFillItem(Owner* owner) : TZoPointListItem<QtBase, Owner>(owner) {}
+
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*) override
+    {
+        if (this->Suppressed())
+            return;
+        QPainterPath drawn;
+        QRectF rings;
+        {
+            QMutexLocker lock(&this->m_mutex);
+            drawn = m_drawnPath;
+            rings = m_rings;
+        }
+        PaintPath(painter, drawn, rings, this->Scale(), this->m_owner->Core().CurrentLod());
+    }
 
     QPainterPath shape() const override
     {
@@ -30,13 +46,17 @@ public:
         if (!this->BeginRebuild(forced))
             return;
         const double s = this->Scale();
-        std::vector<QPolygonF> drawn = this->DrawnLines(s);
-        const QPainterPath shape = RingsPath(this->m_offsets.lines);
-        const QRectF rings = ZoPointList::BoundsOf(this->m_offsets.lines);
+        const CZoPointOffsets& offsets = this->m_offsets;
+        const QPainterPath shape = ZoPointList::RingsPath(offsets.lines, offsets, oddEven);
+        const IZoGraphicsMapLayer* layer = this->m_owner->GetGraphicsMapLayer();
+        const QPainterPath drawn = layer && layer->IsSimplifyEnabled()
+                                       ? ZoPointList::RingsPath(this->DrawnLines(s), offsets, oddEven)
+                                       : shape;
+        const QRectF rings = ZoPointList::BoundsOf(offsets.lines);
         const double margin = marginPixels * s;
         {
             QMutexLocker lock(&this->m_mutex);
-            this->m_drawn = std::move(drawn);
+            m_drawnPath = drawn;
             m_shape = shape;
             m_rings = rings;
         }
@@ -61,38 +81,30 @@ public:
     }
 
 protected:
+    // Canvas painting. The item's own offsets know the map's world width; the
+    // rings of a foreign canvas close round no pole.
     void PaintLines(QPainter* painter, const std::vector<QPolygonF>& rings, double s, int lod) const override
     {
-        int points = 0;
-        for (const QPolygonF& ring : rings)
-            points += ring.size();
-        if (points < 2 || !this->m_owner->GetGraphicsMapLayer())
+        const CZoPointOffsets noWorld;
+        const CZoPointOffsets& world = &rings == &this->m_offsets.lines ? this->m_offsets : noWorld;
+        PaintPath(painter, ZoPointList::RingsPath(rings, world, oddEven), ZoPointList::BoundsOf(rings), s, lod);
+    }
+
+private:
+    void PaintPath(QPainter* painter, const QPainterPath& path, const QRectF& rings, double s, int lod) const
+    {
+        if (path.elementCount() < 2 || !this->m_owner->GetGraphicsMapLayer())
             return;
         const SurfaceStyle& style = this->m_owner->Style();
         painter->save();
         style.ApplyToPainter(painter, s);
-        painter->drawPath(RingsPath(rings));
+        painter->drawPath(path);
         painter->restore();
         if (style.labelPosition != 4)
             return;
         CZoNameLabel label = this->m_owner->Core().Label();
-        PlaceLabel(label, ZoPointList::BoundsOf(rings), s, lod);
+        PlaceLabel(label, rings, s, lod);
         this->m_owner->Core().PaintName(painter, label, s, lod);
-    }
-
-private:
-    static QPainterPath RingsPath(const std::vector<QPolygonF>& rings)
-    {
-        QPainterPath path;
-        path.setFillRule(Qt::OddEvenFill);
-        for (const QPolygonF& ring : rings)
-        {
-            if (ring.size() < 2)
-                continue;
-            path.addPolygon(ring);
-            path.closeSubpath();
-        }
-        return path;
     }
 
     // Centred on the rings' box; while the map is not zoomed in to level 19
@@ -115,5 +127,6 @@ private:
     }
 
     QPainterPath m_shape;
+    QPainterPath m_drawnPath;
     QRectF m_rings;
 };

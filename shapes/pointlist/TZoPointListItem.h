@@ -2,6 +2,7 @@
 
 #include "object/CZoCanvasProjection.h"
 #include "object/TZoGraphicsItem.h"
+#include "object/ZoAntimeridian.h"
 #include "shapes/pointlist/CZoPointOffsets.h"
 #include "shapes/smoothing/ZoScreenSpaceReduction.h"
 
@@ -47,12 +48,16 @@ public:
     }
 
     // On a foreign canvas every point is projected through it, so that the
-    // shape keeps its geographic size at the canvas's level.
+    // shape keeps its geographic size at the canvas's level; across the
+    // antimeridian the short way, as on the scene.
     void PaintOnCanvas(QPainter* painter, const CZoCanvasProjection& canvas) override
     {
         std::vector<QPolygonF> lines;
-        for (const auto& line : this->m_owner->Lines())
+        for (auto line : this->m_owner->Lines())
         {
+            ZoAntimeridian::Unwrap(
+                line.size(), [&line](std::size_t i) { return line[i].x; },
+                [&line](std::size_t i, double lon) { line[i].x = lon; });
             QPolygonF projected;
             projected.reserve(static_cast<int>(line.size()));
             QPointF pixel;

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "object/CZoGeoPixels.h"
 #include "shapes/pointlist/CZoPointOffsets.h"
 #include "shapes/pointlist/ZoPointListRules.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 
 #include <QGraphicsItem>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -45,12 +48,21 @@ public:
         const int level = core.CurrentLod();
         if (offsets.level == level && offsets.lines.size() == m_lines.size())
             return;
-        IZoMapModule* map = core.GetMapModule();
+        const CZoGeoPixels geo(core.GetMapModule());
         const QPointF origin = ConvertAnchorToPixel();
         offsets.lines.clear();
         offsets.lines.reserve(m_lines.size());
+        offsets.partsNearX = std::numeric_limits<double>::quiet_NaN();
         for (const Line& line : m_lines)
-            offsets.lines.push_back(ZoPointList::ToOffsets(map, line, origin));
+        {
+            offsets.lines.push_back(geo.Offsets(line, origin, offsets.partsNearX));
+            const QPolygonF& drawn = offsets.lines.back();
+            if (!std::isfinite(offsets.partsNearX) && !drawn.isEmpty())
+                offsets.partsNearX = drawn.boundingRect().center().x();
+        }
+        offsets.worldWidth = geo.WorldWidth();
+        offsets.northEdge = geo.PoleY(true) - origin.y();
+        offsets.southEdge = geo.PoleY(false) - origin.y();
         offsets.level = level;
         if (item)
             item->setPos(origin);
@@ -69,19 +81,17 @@ protected:
 
     // Points with NaN or infinite coordinates are refused whole: they would
     // poison the extent and the item's geometry.
-    bool Accept(const Line& line, const char* method) const
+    bool Accept(const Line& line, const char* method) const { return Accept(line.data(), line.size(), method); }
+    bool Accept(const CVector3D& point, const char* method) const { return Accept(&point, 1, method); }
+    bool Accept(const CVector3D* points, std::size_t count, const char* method) const
     {
-        if (ZoPointList::AllFinite(line))
-            return true;
-        ZoLogWarnAt(Derived::kLogNames.className, method) << kInvalidCoordinates;
-        return false;
-    }
-    bool Accept(const CVector3D& point, const char* method) const
-    {
-        if (ZoPointList::IsFinite(point))
-            return true;
-        ZoLogWarnAt(Derived::kLogNames.className, method) << kInvalidCoordinates;
-        return false;
+        if (!std::all_of(points, points + count, [](const CVector3D& p) { return ZoPointList::IsFinite(p); }))
+        {
+            ZoLogWarnAt(Derived::kLogNames.className, method) << kInvalidCoordinates;
+            return false;
+        }
+        CZoGeoPixels::NoteOutOfRange(points, count, Derived::kLogNames.className, method);
+        return true;
     }
 
     void EditReplaceAll(std::vector<Line> lines)
@@ -142,7 +152,8 @@ protected:
         {
             if (first)
                 this->Core().UpdatePosition();
-            offsets->lines[l].append(first ? QPointF(0.0, 0.0) : OffsetOf(point));
+            QPolygonF& drawn = offsets->lines[l];
+            drawn.append(first ? QPointF(0.0, 0.0) : OffsetOf(point, drawn, drawn.size() - 1));
         }
         Refresh();
     }
@@ -163,8 +174,11 @@ protected:
         Line& line = m_lines[l];
         line.insert(line.begin() + static_cast<std::ptrdiff_t>(i), point);
         AfterLineChange(l, [&](QPolygonF& offsets) {
-            if (static_cast<int>(i) <= offsets.size())
-                offsets.insert(static_cast<int>(i), OffsetOf(point));
+            const int at = static_cast<int>(i);
+            if (at > offsets.size())
+                return;
+            offsets.insert(at, OffsetOf(point, offsets, at > 0 ? at - 1 : at));
+            KeepShortAround(l, offsets, at);
         });
     }
 
@@ -173,8 +187,11 @@ protected:
     {
         m_lines[l][i] = point;
         AfterLineChange(l, [&](QPolygonF& offsets) {
-            if (static_cast<int>(i) < offsets.size())
-                offsets[static_cast<int>(i)] = OffsetOf(point);
+            const int at = static_cast<int>(i);
+            if (at >= offsets.size())
+                return;
+            offsets[at] = OffsetOf(point, offsets, at > 0 ? at - 1 : at + 1);
+            KeepShortAround(l, offsets, at);
         });
     }
 
@@ -183,8 +200,11 @@ protected:
         Line& line = m_lines[l];
         line.erase(line.begin() + static_cast<std::ptrdiff_t>(i));
         AfterLineChange(l, [&](QPolygonF& offsets) {
-            if (static_cast<int>(i) < offsets.size())
-                offsets.remove(static_cast<int>(i));
+            const int at = static_cast<int>(i);
+            if (at >= offsets.size())
+                return;
+            offsets.remove(at);
+            KeepShortAround(l, offsets, at);
         });
     }
 
@@ -263,14 +283,43 @@ private:
         return &item->Offsets();
     }
 
-    QPointF OffsetOf(const CVector3D& point)
+    // A point's offset beside a neighbour among the drawn offsets: the short
+    // way across the antimeridian, as a whole line is drawn.
+    QPointF OffsetOf(const CVector3D& point, const QPolygonF& offsets, int neighbour)
     {
-        return ZoPointList::ToPixel(this->Core().GetMapModule(), point) - this->GetQtItem()->pos();
+        const CZoGeoPixels geo(this->Core().GetMapModule());
+        const QPointF origin = this->GetQtItem()->pos();
+        QPointF pixel;
+        if (!geo.Point(point, &pixel))
+            return -origin;
+        QPointF offset = pixel - origin;
+        if (neighbour >= 0 && neighbour < offsets.size())
+            offset.setX(geo.Near(offset.x(), offsets[neighbour].x()));
+        return offset;
     }
     QPolygonF LineOffsets(const Line& line)
     {
-        return ItemOffsets() ? ZoPointList::ToOffsets(this->Core().GetMapModule(), line, this->GetQtItem()->pos())
-                             : QPolygonF();
+        const CZoPointOffsets* offsets = ItemOffsets();
+        return offsets ? CZoGeoPixels(this->Core().GetMapModule())
+                             .Offsets(line, this->GetQtItem()->pos(), offsets->partsNearX)
+                       : QPolygonF();
+    }
+    // After a one-point edit at index at: where the line now jumps by more
+    // than half a world around it, the rest of the line lies a turn away and
+    // the whole line is drawn again.
+    void KeepShortAround(std::size_t l, QPolygonF& offsets, int at)
+    {
+        const double half = ItemOffsets() ? ItemOffsets()->worldWidth * 0.5 : 0.0;
+        if (half <= 0.0)
+            return;
+        for (int k = std::max(at, 1); k <= std::min(at + 1, offsets.size() - 1); ++k)
+        {
+            if (std::fabs(offsets[k].x() - offsets[k - 1].x()) > half)
+            {
+                offsets = LineOffsets(m_lines[l]);
+                return;
+            }
+        }
     }
 
     template <class EditOffsets>

@@ -1,7 +1,5 @@
 #include "shapes/pointlist/ZoPointListRules.h"
 
-#include <ZoGraphics/IZoMapModule.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -38,11 +36,6 @@ bool IsFinite(const CVector3D& point)
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
 
-bool AllFinite(const Line& line)
-{
-    return std::all_of(line.begin(), line.end(), [](const CVector3D& p) { return IsFinite(p); });
-}
-
 void ExtendExtent(CAABB& extent, const CVector3D& point)
 {
     extent.Extend(CVector3D(point.x, point.y, -1.0));
@@ -58,21 +51,4 @@ CAABB ExtentOf(const std::vector<Line>& lines)
     return extent;
 }
 
-QPointF ToPixel(IZoMapModule* map, const CVector3D& point)
-{
-    int px = 0;
-    int py = 0;
-    if (!map || !map->ConvertSceneToPixel(&px, &py, point.x, point.y))
-        return QPointF(0.0, 0.0);
-    return QPointF(px, py);
-}
-
-QPolygonF ToOffsets(IZoMapModule* map, const Line& line, const QPointF& origin)
-{
-    QPolygonF offsets;
-    offsets.reserve(static_cast<int>(line.size()));
-    for (const CVector3D& point : line)
-        offsets.append(ToPixel(map, point) - origin);
-    return offsets;
-}
 } // namespace ZoPointList

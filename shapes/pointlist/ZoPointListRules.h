@@ -9,8 +9,6 @@
 #include <cstddef>
 #include <vector>
 
-class IZoMapModule;
-
 // One warning of an index check: "[cls::method] reason" followed by the index.
 // The point-list kinds carry texts that name other classes and methods on
 // purpose; hosts match on them, so each kind states its texts as data.
@@ -40,15 +38,8 @@ bool SameCoordinate(double a, double b);
 bool SamePoint(const QPointF& a, const QPointF& b);
 
 bool IsFinite(const CVector3D& point);
-bool AllFinite(const Line& line);
 
 // Two corners per point, (x, y, -1) and (x, y, 1): the z of points is ignored.
 void ExtendExtent(CAABB& extent, const CVector3D& point);
 CAABB ExtentOf(const std::vector<Line>& lines);
-
-// Scene pixels of a geographic point through the map module; (0, 0) without
-// one or when it cannot convert.
-QPointF ToPixel(IZoMapModule* map, const CVector3D& point);
-// Pixel offsets of a whole line relative to origin.
-QPolygonF ToOffsets(IZoMapModule* map, const Line& line, const QPointF& origin);
 } // namespace ZoPointList

@@ -6,7 +6,7 @@
 
 class CZoPolygonMapObject;
 
-class CPolygonItemQtImpl final : public TZoFillItem<QGraphicsItem, CZoPolygonMapObject, 100>
+class CPolygonItemQtImpl final : public TZoFillItem<QGraphicsItem, CZoPolygonMapObject, 100, true>
 {
 public:
     explicit CPolygonItemQtImpl(CZoPolygonMapObject* owner) : TZoFillItem(owner) {}

@@ -1,0 +1,189 @@
+// Shapes across the antimeridian and round a pole, on the reference host:
+// each is drawn where it lies, the short way, never across the whole world.
+#include <ZoGraphics/CZoGraphicsModule.h>
+#include <ZoGraphics/CZoMapModule.h>
+#include <ZoGraphics/IZoCircleMapObject.h>
+#include <ZoGraphics/IZoPolylineMapObject.h>
+#include <ZoGraphics/IZoRectangleMapObject.h>
+#include <ZoGraphics/IZoSVGMapObject.h>
+#include <ZoGraphics/IZoSurfaceStyleGraphicsMapObject.h>
+#include <ZoGraphics/ZoGeoJson.h>
+
+#include "support/ImageCompare.h"
+#include "support/LogCapture.h"
+
+#include <QGraphicsItem>
+#include <QGraphicsScene>
+#include <QPainter>
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace
+{
+class AntimeridianTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        map.SetZoomAround(2.0, 0.0, 0.0);
+        ASSERT_TRUE(graphics.Initialise("antimeridian", &map));
+    }
+    void TearDown() override { graphics.Unintialise(); }
+
+    std::vector<IZoGraphicsMapObject*> Load(const char* path)
+    {
+        ZoGeoJsonNS::SZoGeoJsonLoadResult loaded = ZoGeoJsonNS::LoadGeoJsonFile(&graphics, nullptr, path);
+        for (IZoGraphicsMapObject* object : loaded.objects)
+        {
+            auto* surface = dynamic_cast<IZoSurfaceStyleGraphicsMapObject*>(object);
+            if (!surface)
+                continue;
+            surface->SetPenStyle(Qt::NoPen);
+            surface->SetBrushColor(Qt::black);
+        }
+        return loaded.objects;
+    }
+
+    double WorldWidth()
+    {
+        int west = 0, east = 0, y = 0;
+        map.ConvertSceneToPixel(&west, &y, -180.0, 0.0);
+        map.ConvertSceneToPixel(&east, &y, 180.0, 0.0);
+        return east - west;
+    }
+    QPoint Pixel(double lon, double lat)
+    {
+        int x = 0, y = 0;
+        map.ConvertSceneToPixel(&x, &y, lon, lat);
+        return QPoint(x, y);
+    }
+    // The scene from one world width west of the world to one east of it.
+    QImage Render()
+    {
+        const double w = WorldWidth();
+        QImage image = BlankCanvas(static_cast<int>(3 * w), static_cast<int>(w));
+        QPainter painter(&image);
+        map.GetScene()->render(&painter, QRectF(image.rect()), QRectF(-w, 0.0, 3 * w, w));
+        return image;
+    }
+    bool Filled(const QImage& image, QPoint at)
+    {
+        at.rx() += static_cast<int>(WorldWidth());
+        return image.pixel(at) != qRgb(255, 255, 255);
+    }
+    double FilledShareOfRow(const QImage& image, double lat)
+    {
+        const int y = Pixel(0.0, lat).y();
+        const int w = static_cast<int>(WorldWidth());
+        int filled = 0;
+        for (int x = 0; x < w; ++x)
+            filled += image.pixel(x + w, y) != qRgb(255, 255, 255);
+        return double(filled) / w;
+    }
+
+    CZoMapModule map;
+    CZoGraphicsModule graphics;
+};
+} // namespace
+
+// Russia, Fiji, Antarctica and the Aleutians used to span the world as a band
+// at 65-71N and lines at 71N and 16.5S.
+TEST_F(AntimeridianTest, WorldCountriesLeaveTheOceansEmpty)
+{
+    ASSERT_FALSE(Load(ZO_SOURCE_DATA_DIR "/countries-50m.geojson").empty());
+    const QImage image = Render();
+    for (double lat : {68.0, 70.0, 71.0, -16.5})
+        EXPECT_LT(FilledShareOfRow(image, lat), 0.8) << "latitude " << lat;
+    // Chukotka east of the antimeridian and Wrangel Island lie beside the rest
+    // of Russia, and Antarctica still covers the south of the map.
+    const QPoint turn(static_cast<int>(WorldWidth()), 0);
+    EXPECT_TRUE(Filled(image, Pixel(-177.0, 66.5) + turn));
+    EXPECT_TRUE(Filled(image, Pixel(-179.0, 71.2) + turn));
+    EXPECT_TRUE(Filled(image, Pixel(0.0, -84.0)));
+}
+
+TEST_F(AntimeridianTest, RingsAcrossOrRoundAPoleAndPartsAsTheirUnion)
+{
+    ASSERT_EQ(Load(ZO_TEST_DATA_DIR "/antimeridian_rings.geojson").size(), 3u);
+    const QImage image = Render();
+    const QPoint turn(static_cast<int>(WorldWidth()), 0);
+    // The ring from 170 to -170 is 20 degrees wide, east of 170.
+    EXPECT_TRUE(Filled(image, Pixel(175.0, 0.0)));
+    EXPECT_TRUE(Filled(image, Pixel(-175.0, 0.0) + turn));
+    EXPECT_FALSE(Filled(image, Pixel(0.0, 0.0)));
+    // The ring round the south pole closes along it.
+    EXPECT_TRUE(Filled(image, Pixel(0.0, -80.0)));
+    EXPECT_TRUE(Filled(image, Pixel(-120.0, -80.0)));
+    EXPECT_FALSE(Filled(image, Pixel(0.0, -60.0)));
+    // Overlapping parts fill their overlap; a hole stays a hole.
+    EXPECT_TRUE(Filled(image, Pixel(15.0, 35.0)));
+    EXPECT_TRUE(Filled(image, Pixel(25.0, 45.0)));
+    EXPECT_FALSE(Filled(image, Pixel(6.0, 30.0)));
+}
+
+// Whatever way a line is built, point by point or at once, it takes the short
+// way across.
+TEST_F(AntimeridianTest, LineBuiltPointByPointTakesTheShortWay)
+{
+    IZoPolylineMapObject* line = graphics.CreatePolylineMapObject("route", nullptr);
+    ASSERT_NE(line, nullptr);
+    for (double lon : {176.0, 179.0, -179.0, -176.0})
+        line->PushBack(CVector3D(lon, 10.0, 0.0));
+    line->Insert(2, CVector3D(-179.5, 12.0, 0.0));
+    line->Modify(1, CVector3D(179.5, 8.0, 0.0));
+    const double eightDegrees = WorldWidth() * 8.0 / 360.0;
+    EXPECT_LT(line->GetQtItem()->shape().boundingRect().width(), 1.5 * eightDegrees);
+    map.SetZoom(3.0);
+    EXPECT_LT(line->GetQtItem()->shape().boundingRect().width(), 3 * eightDegrees);
+}
+
+TEST_F(AntimeridianTest, CircleAcrossTheAntimeridianHasItsShortRadius)
+{
+    map.SetZoom(8.0);
+    IZoCircleMapObject* circle = graphics.CreateCircleMapObject("ring", nullptr);
+    ASSERT_NE(circle, nullptr);
+    circle->SetCenter(CVector3D(179.5, 0.0, 0.0));
+    circle->SetRadiusPoint(CVector3D(-179.5, 0.0, 0.0));
+    EXPECT_NEAR(circle->GetRadius(), 111319.5, 1.0);
+    const double oneDegree = WorldWidth() / 360.0;
+    EXPECT_NEAR(circle->GetQtItem()->shape().boundingRect().width(), 2 * oneDegree, 4.0);
+}
+
+TEST_F(AntimeridianTest, ExtentsAndPointsOutOfRangeAreDrawnOrRefusedWithAText)
+{
+    LogCapture log;
+    IZoRectangleMapObject* box = graphics.CreateRectangleMapObject("box", nullptr);
+    ASSERT_NE(box, nullptr);
+    const double degree = WorldWidth() / 360.0;
+    // Corners the other way round: across the antimeridian the short way, or
+    // between the corners.
+    box->SetExtent(EXTENT{170.0, -10.0, -170.0, 10.0});
+    EXPECT_NEAR(box->GetQtItem()->shape().boundingRect().width(), 20 * degree, 2.0);
+    box->SetExtent(EXTENT{10.0, 10.0, 0.0, -10.0});
+    EXPECT_NEAR(box->GetQtItem()->shape().boundingRect().width(), 10 * degree, 2.0);
+    box->SetExtent(EXTENT{0.0, qQNaN(), 5.0, 10.0});
+    EXPECT_EQ(box->GetExtent().xmin, 10.0);
+
+    IZoPolylineMapObject* line = graphics.CreatePolylineMapObject("line", nullptr);
+    ASSERT_NE(line, nullptr);
+    line->SetData({CVector3D(190.0, 0.0, 0.0), CVector3D(0.0, 95.0, 0.0)});
+    EXPECT_EQ(line->GetPointNumber(), 2);
+    EXPECT_EQ(line->GetQtItem()->pos(), QPointF(Pixel(-170.0, 0.0)));
+
+    IZoSVGMapObject* svg = graphics.CreateSVGMapObject("picture", nullptr);
+    ASSERT_NE(svg, nullptr);
+    EXPECT_FALSE(svg->LoadSVGFile(ZO_TEST_DATA_DIR "/no such picture.svg", CVector3D(10.0, 20.0, 0.0)));
+    const EXTENT extent = svg->GetGeoExtent();
+    EXPECT_LE(extent.xmin, extent.xmax);
+    EXPECT_LE(extent.ymin, extent.ymax);
+    EXPECT_TRUE(svg->GetQtItem()->boundingRect().isNull());
+
+    const std::vector<std::string> expected = {
+        "[CZoRectangleMapObject::SetExtent] 坐标无效",
+        "[CZoPolylineMapObject::SetData] 经度超出±180, 按同一经线绘制",
+        "[CZoPolylineMapObject::SetData] 纬度超出±90, 在地图边缘绘制",
+    };
+    const std::vector<std::string> messages = log.Messages();
+    for (const std::string& text : expected)
+        EXPECT_NE(std::find(messages.begin(), messages.end(), text), messages.end()) << text;
+}
