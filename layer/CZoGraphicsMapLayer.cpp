@@ -11,6 +11,7 @@
 
 #include <QGraphicsItem>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_map>
 
@@ -245,9 +246,14 @@ void CZoGraphicsMapLayer::SetLabelDeclutter(bool enabled)
         return;
     m_declutter = enabled;
     m_labelsDirty = true;
+    m_labelsPlaced = 0;
+    m_labelsDropped = 0;
     ForEachObject([](IZoGraphicsMapObject* object) {
         if (CZoMapObjectCore* core = ZoObjectCore(object))
+        {
             core->SetLabelDecluttered(false);
+            core->SetLabelShift(QPointF());
+        }
         object->Update();
     });
 }
@@ -259,8 +265,31 @@ struct LabelCandidate
     CZoMapObjectCore* core;
     int z;
     int id;
-    QRectF box; // screen pixels, halo included
+    QPointF at;  // the object's anchor in screen pixels
+    QRectF own;  // the label as its object places it, halo included, about the anchor
 };
+
+// The places a label may take about its anchor, its own first. Each keeps the
+// distance from the anchor that the own place keeps, so that a label set off a
+// marker stays off it; the diagonal ones touch that circle with their corner.
+// Readers look for a name above right of its point first, then below right,
+// then on the left, and last straight above, below or beside it.
+std::array<QRectF, 9> LabelPlaces(const QRectF& own)
+{
+    const double w = own.width();
+    const double h = own.height();
+    const double c = std::max({own.left(), -own.right(), own.top(), -own.bottom(), 0.0});
+    const double k = c * 0.70710678118654752; // c / sqrt(2)
+    return {own,
+            QRectF(k, -k - h, w, h),
+            QRectF(k, k, w, h),
+            QRectF(-k - w, -k - h, w, h),
+            QRectF(-k - w, k, w, h),
+            QRectF(-w / 2, -c - h, w, h),
+            QRectF(-w / 2, c, w, h),
+            QRectF(-c - w, -h / 2, w, h),
+            QRectF(c, -h / 2, w, h)};
+}
 
 // Screen space in square cells; each cell lists the placed boxes that touch it.
 class PlacedLabels
@@ -332,20 +361,35 @@ void CZoGraphicsMapLayer::ArrangeLabels()
         }
         const double halo = IsEqual(label.outlineWidth, 0.0) ? 0.0 : label.outlineWidth * 2.5 / 2.0;
         const QRectF text = label.TextRect().adjusted(-halo, -halo, halo, halo);
-        candidates.push_back({core, core->GetZValue(), core->GetObjectID(), text.translated(at)});
+        candidates.push_back({core, core->GetZValue(), core->GetObjectID(), at, text});
     }
     // Higher z first, then lower id; the walk is already in id order.
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const LabelCandidate& a, const LabelCandidate& b) { return a.z > b.z; });
     PlacedLabels placed;
+    m_labelsPlaced = 0;
+    m_labelsDropped = 0;
     for (const LabelCandidate& candidate : candidates)
     {
-        const bool hidden = placed.Overlaps(candidate.box);
-        if (!hidden)
-            placed.Place(candidate.box);
-        if (hidden != candidate.core->IsLabelDecluttered())
+        bool hidden = true;
+        QPointF shift;
+        for (const QRectF& place : LabelPlaces(candidate.own))
+        {
+            const QRectF box = place.translated(candidate.at);
+            if (placed.Overlaps(box))
+                continue;
+            placed.Place(box);
+            hidden = false;
+            // As the object keeps it, so that an unchanged decision repaints nothing.
+            shift = QPointF(static_cast<float>(place.left() - candidate.own.left()),
+                            static_cast<float>(place.top() - candidate.own.top()));
+            break;
+        }
+        ++(hidden ? m_labelsDropped : m_labelsPlaced);
+        if (hidden != candidate.core->IsLabelDecluttered() || shift != candidate.core->LabelShift())
         {
             candidate.core->SetLabelDecluttered(hidden);
+            candidate.core->SetLabelShift(shift);
             // Drawn elsewhere with the old decision: paint it again.
             candidate.core->Update();
         }

@@ -16,7 +16,7 @@
 // view changes on to every one of them. On request it declutters their labels.
 class CZoGraphicsMapLayer final : public IZoGraphicsMapLayer,
                                   public IZoMapEventHandler,
-                                  public IZoLabelDeclutter,
+                                  public IZoLabelDeclutter2,
                                   public IZoLabelArranger
 {
 public:
@@ -83,6 +83,8 @@ public:
 
     void SetLabelDeclutter(bool enabled) override;
     bool IsLabelDeclutter() const override { return m_declutter; }
+    int GetPlacedLabelCount() const override { return m_labelsPlaced; }
+    int GetDroppedLabelCount() const override { return m_labelsDropped; }
     bool IsArrangingLabels() const override { return m_declutter; }
     void InvalidateLabels() override { m_labelsDirty = true; }
     void ArrangeLabels() override;
@@ -126,4 +128,6 @@ private:
     IZoNameObserver* m_nameObserver = nullptr;
     bool m_declutter = false;
     bool m_labelsDirty = true;
+    int m_labelsPlaced = 0;
+    int m_labelsDropped = 0;
 };

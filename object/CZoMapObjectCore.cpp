@@ -156,6 +156,7 @@ void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
     m_graphicsLayer = graphicsLayer;
     m_labelArranger = dynamic_cast<IZoLabelArranger*>(layer);
     m_labelDecluttered = false;
+    SetLabelShift(QPointF());
     InvalidateLabels();
 }
 
@@ -627,8 +628,9 @@ void CZoMapObjectCore::PaintName(QPainter* painter, const CZoNameLabel& label, d
     if (!painter || !label.IsShownAt(lod, m_graphicsLayer))
         return;
     // Decluttering concerns the label as placed in the scene; canvases draw
-    // copies of it and keep every label.
-    if (&label == &m_label && m_labelArranger && m_labelArranger->IsArrangingLabels())
+    // copies of it and keep every label where the object puts it.
+    const bool arranged = &label == &m_label && m_labelArranger && m_labelArranger->IsArrangingLabels();
+    if (arranged)
     {
         m_labelArranger->ArrangeLabels();
         if (m_labelDecluttered)
@@ -636,6 +638,8 @@ void CZoMapObjectCore::PaintName(QPainter* painter, const CZoNameLabel& label, d
     }
     painter->save();
     painter->scale(s, s);
+    if (arranged && (m_labelShiftX != 0.0f || m_labelShiftY != 0.0f))
+        painter->translate(m_labelShiftX, m_labelShiftY);
     label.Draw(painter);
     painter->restore();
 }

@@ -85,6 +85,14 @@ public:
     // priority and is not drawn in the scene.
     void SetLabelDecluttered(bool decluttered) { m_labelDecluttered = decluttered; }
     bool IsLabelDecluttered() const { return m_labelDecluttered; }
+    // Set by a decluttering layer: where the label is drawn in screen pixels,
+    // relative to where the object's own placement puts it.
+    void SetLabelShift(const QPointF& shift)
+    {
+        m_labelShiftX = static_cast<float>(shift.x());
+        m_labelShiftY = static_cast<float>(shift.y());
+    }
+    QPointF LabelShift() const { return QPointF(m_labelShiftX, m_labelShiftY); }
     // The label may have moved or changed: a decluttering layer decides anew.
     void InvalidateLabels()
     {
@@ -181,6 +189,8 @@ private:
     IZoNameObserver* m_nameObserver = nullptr;
     IZoLabelArranger* m_labelArranger = nullptr;
     bool m_labelDecluttered = false;
+    float m_labelShiftX = 0.0f;
+    float m_labelShiftY = 0.0f;
     bool m_labelShown = false; // as UpdateVisibility last found it
     bool m_geometryAnnounced = false;
     mutable CVector3D m_notedAnchor; // the last point ConvertGeoToScenePixel noted

@@ -17,6 +17,7 @@ int IZoMapLayer::ReservedLayerSlot18() const { return 0; }
 IZoImageMapLayer::~IZoImageMapLayer() = default;
 IZoGraphicsMapLayer::~IZoGraphicsMapLayer() = default;
 IZoLabelDeclutter::~IZoLabelDeclutter() = default;
+IZoLabelDeclutter2::~IZoLabelDeclutter2() = default;
 void IZoGraphicsMapLayer::ReservedLayerSlot39() {}
 IZoMapObject::~IZoMapObject() = default;
 IZoGraphicsMapObject::~IZoGraphicsMapObject() = default;

@@ -8,8 +8,11 @@
 /// IZoGraphicsMapLayer; reach it with `dynamic_cast<IZoLabelDeclutter*>(layer)`.
 ///
 /// When it is on, the layer places its objects' name labels in priority order
-/// (higher z value first, then lower object id) and does not draw a label whose
-/// text box, halo included, would overlap a label already placed. Collisions
+/// (higher z value first, then lower object id). A label whose text box, halo
+/// included, would overlap a label already placed tries other places around
+/// its object's anchor, at the distance its own placement keeps: above right,
+/// below right, above left, below left, then above, below, left and right. A
+/// label that fits in none of them is not drawn. Collisions
 /// are tested in screen pixels; the objects themselves are still drawn and
 /// still take part in hit tests. Labels that are not drawn anyway (hidden
 /// object, name out of its level range, object out of the scene) take no
@@ -26,4 +29,25 @@ public:
     virtual void SetLabelDeclutter(bool enabled) = 0;
     /// Whether decluttering is on; false by default.
     virtual bool IsLabelDeclutter() const = 0;
+};
+
+/// What the last decluttering decision came to, for hosts that compare label
+/// placement or watch its cost. Layers made by CZoGraphicsModule implement it;
+/// reach it with `dynamic_cast<IZoLabelDeclutter2*>(layer)`.
+///
+/// A decision is taken when a frame first draws a label after the layer's
+/// objects, their labels or the view's scale changed, and stands for the frames
+/// after it. It covers every object of the layer in the scene, in view or not.
+/// Labels that are not drawn anyway (hidden object, name out of its level
+/// range) count as neither placed nor dropped. Both counts are 0 until the
+/// first decision and after decluttering is turned off.
+class ZOGRAPHICS_EXPORT IZoLabelDeclutter2 : public IZoLabelDeclutter
+{
+public:
+    ~IZoLabelDeclutter2() override;
+
+    /// Labels drawn, at their own place or at another one.
+    virtual int GetPlacedLabelCount() const = 0;
+    /// Labels that found no free place and are not drawn.
+    virtual int GetDroppedLabelCount() const = 0;
 };

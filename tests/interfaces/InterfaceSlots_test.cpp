@@ -11,6 +11,7 @@
 #include <ZoGraphics/IZoGraphicsEditableUser.h>
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/IZoGraphicsModule.h>
+#include <ZoGraphics/IZoLabelDeclutter.h>
 #include <ZoGraphics/IZoLayerCanvasMapObject.h>
 #include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/IZoMapView.h>
@@ -136,6 +137,10 @@ TEST(InterfaceSlots, Layers)
         ZO_OBJECT_SLOT(IZoGraphicsMapLayer, AttachMapObject, 27),
         ZO_OBJECT_SLOT(IZoGraphicsMapLayer, ReservedLayerSlot39, 39),
         ZO_OBJECT_SLOT(IZoGraphicsMapLayer, IsSimplifyEnabled, 40),
+        ZO_SLOT(IZoLabelDeclutter, SetLabelDeclutter, 1),
+        ZO_SLOT(IZoLabelDeclutter, IsLabelDeclutter, 2),
+        ZO_SLOT(IZoLabelDeclutter2, GetPlacedLabelCount, 3),
+        ZO_SLOT(IZoLabelDeclutter2, GetDroppedLabelCount, 4),
     });
 }
 

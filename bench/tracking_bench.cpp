@@ -1,0 +1,295 @@
+#include "support/BenchRatios.h"
+#include "support/BenchStatistics.h"
+
+#include <ZoGraphics/ZoGraphics.h>
+#include <ZoGraphics/ZoMapHost.h>
+
+#include <QCoreApplication>
+#include <QGraphicsEllipseItem>
+#include <QGraphicsScene>
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+#include <memory>
+#include <random>
+
+// A tracking display: 100,000 labelled dots spread over the world, moved as a
+// feed reports them, zoomed into and destroyed. The floor is what a host
+// would write by hand: ellipse items in a scene without an index, plus the
+// names in view drawn with drawText.
+namespace
+{
+constexpr std::uint64_t kTrackSeed = 20261125;
+constexpr int kTracks = 100000;
+constexpr double kWorldZoom = 2.0;
+constexpr double kTrackZoom = 6.0;
+constexpr double kTrackLon = 15.0;
+constexpr double kTrackLat = 50.0;
+const QSize kTrackFrame(1280, 720);
+
+// Two seeded fixes per track, a fraction of a degree apart: a feed's update
+// moves every track from one to the other and back.
+std::vector<QPointF> Fixes(int count, int which)
+{
+    std::mt19937_64 random(kTrackSeed);
+    std::uniform_real_distribution<double> lon(-180.0, 180.0);
+    std::uniform_real_distribution<double> lat(-80.0, 80.0);
+    std::vector<QPointF> fixes;
+    fixes.reserve(count);
+    for (int i = 0; i < count; ++i)
+    {
+        const QPointF fix(lon(random), lat(random));
+        fixes.push_back(fix + QPointF(0.05, 0.03) * which);
+    }
+    return fixes;
+}
+
+QString TrackName(int i) { return QStringLiteral("TRK%1").arg(i); }
+
+QRectF TrackSource(CZoMapModule& map)
+{
+    QPointF centre;
+    map.GeoToScenePoint(kTrackLon, kTrackLat, &centre);
+    return QRectF(centre - QPointF(kTrackFrame.width() / 2.0, kTrackFrame.height() / 2.0), QSizeF(kTrackFrame));
+}
+
+void RenderTrackFrame(QGraphicsScene* scene, const QRectF& source, QImage& image)
+{
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    scene->render(&painter, QRectF(image.rect()), source);
+}
+
+// --- the floor -----------------------------------------------------------------
+
+class PlainTracks
+{
+public:
+    explicit PlainTracks(double zoom)
+    {
+        m_map.SetZoomAround(zoom, kTrackLon, kTrackLat);
+        m_map.GetScene()->setItemIndexMethod(QGraphicsScene::NoIndex);
+        int i = 0;
+        for (const QPointF& fix : Fixes(kTracks, 0))
+        {
+            auto* item = new QGraphicsEllipseItem(-4.0, -4.0, 8.0, 8.0); // owned by the scene
+            item->setPen(QPen(QColor(0, 0, 255), 1.0));
+            item->setBrush(QColor(139, 139, 139, 50));
+            m_map.GetScene()->addItem(item);
+            m_items.push_back(item);
+            m_names.push_back(TrackName(i++));
+        }
+        MoveTo(0);
+        QCoreApplication::processEvents();
+    }
+    ~PlainTracks() { m_map.GetScene()->clear(); }
+    PlainTracks(const PlainTracks&) = delete;
+    PlainTracks& operator=(const PlainTracks&) = delete;
+
+    // Every item to its fix's scene position at the map's zoom.
+    void MoveTo(int which)
+    {
+        const std::vector<QPointF> fixes = Fixes(kTracks, which);
+        for (size_t i = 0; i < m_items.size(); ++i)
+            Place(i, fixes[i]);
+    }
+    void Frame(QImage& image)
+    {
+        const QRectF source = TrackSource(m_map);
+        RenderTrackFrame(m_map.GetScene(), source, image);
+        QPainter painter(&image);
+        painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        painter.setPen(Qt::black);
+        for (size_t i = 0; i < m_items.size(); ++i)
+        {
+            const QPointF at = m_items[i]->pos();
+            if (source.contains(at))
+                painter.drawText(at - source.topLeft() + QPointF(6.0, 4.0), m_names[i]);
+        }
+    }
+    void Destroy()
+    {
+        for (QGraphicsEllipseItem* item : m_items)
+            delete item;
+        m_items.clear();
+    }
+    CZoMapModule& Map() { return m_map; }
+
+private:
+    void Place(size_t i, const QPointF& fix)
+    {
+        QPointF at;
+        m_map.GeoToScenePoint(fix.x(), fix.y(), &at);
+        m_items[i]->setPos(at);
+    }
+
+    CZoMapModule m_map;
+    std::vector<QGraphicsEllipseItem*> m_items;
+    std::vector<QString> m_names;
+};
+
+void BM_Floor_TrackMoveFrame(benchmark::State& state)
+{
+    PlainTracks tracks(kTrackZoom);
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    int which = 0;
+    for (auto _ : state)
+    {
+        which = 1 - which;
+        tracks.MoveTo(which);
+        tracks.Frame(image);
+    }
+}
+BENCHMARK(BM_Floor_TrackMoveFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+void BM_Floor_TrackZoomFrame(benchmark::State& state)
+{
+    PlainTracks tracks(kWorldZoom);
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        tracks.Map().SetZoomAround(kWorldZoom, kTrackLon, kTrackLat);
+        tracks.MoveTo(0); // every item to its place at the new zoom, as a host does
+        tracks.Frame(image);
+        state.ResumeTiming();
+        tracks.Map().SetZoomAround(kTrackZoom, kTrackLon, kTrackLat);
+        tracks.MoveTo(0); // every item to its place at the new zoom, as a host does
+        tracks.Frame(image);
+    }
+}
+BENCHMARK(BM_Floor_TrackZoomFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+void BM_Floor_TrackDestroy(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        auto tracks = std::make_unique<PlainTracks>(kTrackZoom);
+        state.ResumeTiming();
+        tracks->Destroy();
+        state.PauseTiming();
+        tracks.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Floor_TrackDestroy)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+// --- ours ----------------------------------------------------------------------
+
+// The host's scene keeps Qt's default index, as hosts do today.
+class DotTracks
+{
+public:
+    explicit DotTracks(double zoom)
+    {
+        m_map.SetZoomAround(zoom, kTrackLon, kTrackLat);
+        m_graphics.Initialise("tracks", &m_map);
+        m_layer = m_graphics.CreateGraphicsLayer("tracks");
+        if (auto* declutter = dynamic_cast<IZoLabelDeclutter*>(m_layer))
+            declutter->SetLabelDeclutter(true);
+        int i = 0;
+        for (const QPointF& fix : Fixes(kTracks, 0))
+        {
+            IZoDotMapObject* dot = m_graphics.CreateDotMapObject(TrackName(i++).toStdString(), m_layer);
+            dot->SetRadius(4.0);
+            dot->SetPosition(CVector3D(fix.x(), fix.y(), 0.0));
+            dot->SetNameVisible(true);
+            m_dots.push_back(dot);
+        }
+        QCoreApplication::processEvents();
+    }
+    ~DotTracks() { m_graphics.Unintialise(); }
+    DotTracks(const DotTracks&) = delete;
+    DotTracks& operator=(const DotTracks&) = delete;
+
+    void MoveTo(int which)
+    {
+        const std::vector<QPointF> fixes = Fixes(kTracks, which);
+        for (size_t i = 0; i < m_dots.size(); ++i)
+            m_dots[i]->SetPosition(CVector3D(fixes[i].x(), fixes[i].y(), 0.0));
+    }
+    void Frame(QImage& image) { RenderTrackFrame(m_map.GetScene(), TrackSource(m_map), image); }
+    void Destroy()
+    {
+        m_layer->DestroyAllMapObjects();
+        m_dots.clear();
+    }
+    CZoMapModule& Map() { return m_map; }
+    IZoGraphicsMapLayer* Layer() { return m_layer; }
+
+private:
+    CZoMapModule m_map;
+    CZoGraphicsModule m_graphics;
+    IZoGraphicsMapLayer* m_layer = nullptr;
+    std::vector<IZoDotMapObject*> m_dots;
+};
+
+void CountLabels(benchmark::State& state, IZoGraphicsMapLayer* layer)
+{
+    if (auto* counts = dynamic_cast<IZoLabelDeclutter2*>(layer))
+    {
+        state.counters["labels_placed"] = counts->GetPlacedLabelCount();
+        state.counters["labels_dropped"] = counts->GetDroppedLabelCount();
+    }
+}
+
+void BM_TrackMoveFrame(benchmark::State& state)
+{
+    DotTracks tracks(kTrackZoom);
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    tracks.Frame(image);
+    int which = 0;
+    for (auto _ : state)
+    {
+        which = 1 - which;
+        tracks.MoveTo(which);
+        tracks.Frame(image);
+    }
+    CountLabels(state, tracks.Layer());
+}
+BENCHMARK(BM_TrackMoveFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+void BM_TrackZoomFrame(benchmark::State& state)
+{
+    DotTracks tracks(kWorldZoom);
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        tracks.Map().SetZoomAround(kWorldZoom, kTrackLon, kTrackLat);
+        tracks.Frame(image);
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+        tracks.Map().SetZoomAround(kTrackZoom, kTrackLon, kTrackLat);
+        tracks.Frame(image);
+    }
+    CountLabels(state, tracks.Layer());
+}
+BENCHMARK(BM_TrackZoomFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+void BM_TrackDestroy(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        auto tracks = std::make_unique<DotTracks>(kTrackZoom);
+        state.ResumeTiming();
+        tracks->Destroy();
+        state.PauseTiming();
+        tracks.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_TrackDestroy)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+const bool kTrackRatios[] = {
+    ZoBench::AddRatio("move 100,000 labelled dots, frame at level 6 / plain items, no index",
+                      "BM_TrackMoveFrame", "BM_Floor_TrackMoveFrame", 1.5),
+    ZoBench::AddRatio("zoom world to level 6, first frame, 100,000 labelled dots / plain items, no index",
+                      "BM_TrackZoomFrame", "BM_Floor_TrackZoomFrame", 1.5),
+    ZoBench::AddRatio("destroy 100,000 labelled dots through the layer / plain items", "BM_TrackDestroy",
+                      "BM_Floor_TrackDestroy", 2.0),
+};
+} // namespace
