@@ -27,6 +27,12 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # (dpkg-shlibdeps), so they name Debian's own packages at the versions built
 # against; the development package has no binaries and names them itself.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The viewer's own libraries are in another of these packages: found in the
+# build tree, named through the component dependency below.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+# A shlibs file in libzographics, so that other packages' Depends can be
+# read off their binaries in turn.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 # The development package and the viewer also depend on libzographics at
 # this very version (the component dependencies below).
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)

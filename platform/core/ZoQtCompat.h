@@ -1,0 +1,32 @@
+#pragma once
+
+// The few Qt calls whose spelling differs between Qt 5.15 and Qt 6, each
+// under one name that compiles against both, so that no block of the library
+// is written twice. Each picks the call that costs the same as before under
+// Qt 5.
+
+#include <QtGlobal>
+#include <QString>
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+#include <QStringView>
+#else
+#include <QStringRef>
+#endif
+
+namespace ZoQtCompat
+{
+// The text from position on, without a copy (QStringRef went away in Qt 6;
+// QStringView has toInt() only from Qt 6 on).
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+inline QStringView MidView(const QString& text, qsizetype position)
+{
+    return QStringView(text).mid(position);
+}
+#else
+inline QStringRef MidView(const QString& text, int position)
+{
+    return text.midRef(position);
+}
+#endif
+} // namespace ZoQtCompat
