@@ -16,6 +16,10 @@
 
 namespace ZoQtCompat
 {
+// The heaviest weight a font can ask for: Qt 5 weighs fonts from 0 to 99,
+// Qt 6 from 1 to 1000 (so Qt 5's 99 would be a hairline under Qt 6).
+constexpr int kHeaviestFontWeight = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) ? 1000 : 99;
+
 // The text from position on, without a copy (QStringRef went away in Qt 6;
 // QStringView has toInt() only from Qt 6 on).
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
