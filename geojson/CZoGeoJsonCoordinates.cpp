@@ -1,4 +1,5 @@
 #include "geojson/CZoGeoJsonCoordinates.h"
+#include "platform/core/ZoQtCompat.h"
 
 #include <charconv>
 #include <cstdint>
@@ -170,7 +171,7 @@ bool CZoGeoJsonCoordinates::Lookup(const QString& placeholder, int feature, int*
     if (placeholder.size() < 2 || placeholder.at(0) != QChar(0))
         return false;
     bool ok = false;
-    const int k = placeholder.midRef(1).toInt(&ok);
+    const int k = ZoQtCompat::MidView(placeholder, 1).toInt(&ok);
     if (!ok || k < 0 || k >= static_cast<int>(m_roots.size()) || m_features[static_cast<std::size_t>(k)] != feature)
         return false;
     *root = m_roots[static_cast<std::size_t>(k)];

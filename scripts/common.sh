@@ -1,9 +1,11 @@
 # Shared by the set-up scripts; source it, do not run it.
 # Installs missing Debian packages (as root), then configures and builds with
-# the CMake preset "default" as the user who owns the checkout.
+# a CMake preset ("default" unless ZO_PRESET names another) as the user who
+# owns the checkout.
 
 REPO_ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-BUILD_DIR="$REPO_ROOT/build/default"
+ZO_PRESET="${ZO_PRESET:-default}"
+BUILD_DIR="$REPO_ROOT/build/$ZO_PRESET"
 
 ZO_PACKAGES=(
     cmake make g++ pkg-config
@@ -11,6 +13,10 @@ ZO_PACKAGES=(
     libgtest-dev libbenchmark-dev libgeos-dev
     xvfb xauth fonts-wqy-microhei
 )
+# A Qt 6 preset needs Qt 6 besides (Core5Compat for the code-page conversions).
+case "$ZO_PRESET" in
+*qt6*) ZO_PACKAGES+=(qt6-base-dev qt6-svg-dev qt6-5compat-dev libqt6opengl6-dev) ;;
+esac
 
 zo_missing_packages() {
     local package
@@ -50,7 +56,7 @@ zo_as_user() {
     fi
 }
 
-# Configures with the "default" preset and builds the given targets (all when none).
+# Configures with the preset and builds the given targets (all when none).
 zo_build() {
     local targets=()
     local target
@@ -58,6 +64,6 @@ zo_build() {
         targets+=(--target "$target")
     done
     cd "$REPO_ROOT"
-    zo_as_user cmake --preset default
-    zo_as_user cmake --build --preset default --parallel "$(nproc)" "${targets[@]}"
+    zo_as_user cmake --preset "$ZO_PRESET"
+    zo_as_user cmake --build --preset "$ZO_PRESET" --parallel "$(nproc)" "${targets[@]}"
 }

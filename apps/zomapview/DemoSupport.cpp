@@ -23,8 +23,10 @@ std::vector<SCapital> ReadCapitals(const QString& dataDir)
     QFile file(dataDir + QStringLiteral("/capitals.csv"));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return capitals;
-    QTextStream in(&file);
-    in.setCodec("UTF-8");
+    // Decoded here: a stream's own default is the locale's codec under Qt 5
+    // and UTF-8 under Qt 6.
+    QString text = QString::fromUtf8(file.readAll());
+    QTextStream in(&text, QIODevice::ReadOnly);
     in.readLine(); // name_en,name_zh,country,lon,lat
     while (!in.atEnd())
     {

@@ -3,6 +3,7 @@
 #include "content/text/ZoTextBlockMetrics.h"
 #include "object/ZoLogText.h"
 #include "object/ZoPixelValues.h"
+#include "platform/core/ZoQtCompat.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 #include <ZoGraphics/ZoCoreUtility.h>
@@ -15,7 +16,7 @@
 
 namespace
 {
-constexpr int kFormatWeight = 99;
+constexpr int kFormatWeight = ZoQtCompat::kHeaviestFontWeight;
 
 QString Decode(const std::string& text)
 {

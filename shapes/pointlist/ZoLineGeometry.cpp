@@ -292,7 +292,7 @@ void DrawPolyline(QPainter* painter, const QPolygonF& points, const QPen& pen)
     painter->setPen(runPen);
     for (int start = 0; start < thin.size() - 1; start += kStrokeRun - 1)
     {
-        const int count = std::min(kStrokeRun, thin.size() - start);
+        const int count = std::min<int>(kStrokeRun, thin.size() - start);
         painter->drawPolyline(thin.constData() + start, count);
     }
 }
