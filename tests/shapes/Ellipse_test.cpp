@@ -52,37 +52,6 @@ TEST_F(Ellipse, AZeroWidthExtentHasNoShapeButStillPaints)
     EXPECT_EQ(image.pixelColor(5, 6), QColor(0, 0, 255)); // a vertical stroke
 }
 
-TEST_F(Ellipse, RotationNormalisesBothWays)
-{
-    ellipse->SetRotation(360.0);
-    EXPECT_EQ(ellipse->GetRotation(), 0.0);
-    ellipse->SetRotation(-360.0);
-    EXPECT_EQ(ellipse->GetRotation(), 0.0);
-    ellipse->SetRotation(-400.0);
-    EXPECT_EQ(ellipse->GetQtItem()->rotation(), -40.0);
-    EXPECT_FALSE(ellipse->IsRotatable());
-}
-
-TEST_F(Ellipse, LabelIgnoresTheAlignment)
-{
-    ellipse->SetNameVisible(true);
-    ellipse->SetLabelPosition(3);
-    EXPECT_EQ(Label().originX, 15.0);
-    const double y = Label().originY;
-    ellipse->SetLabelAlignment(0);
-    ellipse->SetLabelPosition(3);
-    EXPECT_EQ(Label().originY, y);
-}
-
-TEST_F(Ellipse, WithoutMapModuleTheGeometrySettersComplain)
-{
-    CZoEllipseMapObject loose;
-    loose.SetExtent(EXTENT{0.0, 0.0, 1.0, 1.0});
-    loose.SetCenter(CVector3D(1.0, 1.0, 0.0));
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoEllipseMapObject::SetExtent] MapModule传入为空",
-                                        "[CZoEllipseMapObject::SetCenter] MapModule传入为空"}));
-}
-
 TEST_F(Ellipse, PaintsThePenAtTheViewScaleAndTheLabelBeside)
 {
     ellipse->SetName("Ellipse");
