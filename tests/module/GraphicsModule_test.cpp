@@ -1,7 +1,7 @@
 #include "support/ModuleFixture.h"
 
 #include <QGraphicsItem>
-#include <thread>
+
 
 using Messages = std::vector<std::string>;
 
@@ -41,19 +41,6 @@ TEST_F(GraphicsModule, SameNamesAreAcceptedAndTheFirstCreatedWins)
     EXPECT_EQ(module.LookupGraphicsLayer("same"), b);
 }
 
-TEST_F(GraphicsModule, TypedLookupsSkipOtherKindsAndUnknownNamesAndIds)
-{
-    IZoDotMapObject* dot = module.CreateDotMapObject("x", nullptr);
-    ASSERT_NE(dot, nullptr);
-    EXPECT_EQ(module.LookupCircleMapObject("x"), nullptr);
-    EXPECT_EQ(module.LookupPolylineMapObject("x"), nullptr);
-    EXPECT_EQ(module.LookupTextMapObject("x"), nullptr);
-    EXPECT_EQ(module.LookupLabelMapObject("x"), nullptr);
-    EXPECT_EQ(module.LookupDotMapObject("y"), nullptr);
-    EXPECT_EQ(module.LookupGraphicObject(987654), nullptr);
-    EXPECT_EQ(module.LookupGraphicObject(-1), nullptr);
-}
-
 TEST_F(GraphicsModule, ChineseNamesRoundTripThroughTheCodePage)
 {
     const std::string beijing = ConvertQStringToStdString(QString::fromUtf8("北京"), "GB18030");
@@ -74,18 +61,6 @@ TEST_F(GraphicsModule, NullLayerPutsTheObjectOnTheDefaultLayer)
     IZoDotMapObject* other = module.CreateDotMapObject("e", own);
     EXPECT_EQ(other->GetGraphicsMapLayer(), own);
     EXPECT_FALSE(DefaultLayer()->ContainsMapObject(other));
-}
-
-TEST_F(GraphicsModule, DestroyingTheDefaultLayerMakesNullLayerCreatorsFail)
-{
-    module.DestroyGraphicsLayer(DefaultLayer());
-    EXPECT_EQ(DefaultLayer(), nullptr);
-    EXPECT_TRUE(map.handlers.empty());
-    const int before = module.GetRegisteredObjectCount();
-    log.Clear();
-    EXPECT_EQ(module.CreateDotMapObject("d", nullptr), nullptr);
-    EXPECT_EQ(log.Messages(), Messages{"[CZoGraphicsModule::CreateDotMapObject] 初始化失败"});
-    EXPECT_EQ(module.GetRegisteredObjectCount(), before);
 }
 
 TEST(GraphicsModuleWithoutMap, FailedInitialiseLogsTheCreatorsTextAndLeavesTheRegistryUnchanged)
@@ -168,47 +143,6 @@ TEST(GraphicsModuleRegistry, GlobalPointerIsStoredAndSlaveModulesAreNeverFound)
     EXPECT_EQ(GetSlaveZoGraphicsModule(""), nullptr);
     SetGlobalZoGraphicsModule(nullptr);
     EXPECT_EQ(GetGlobalZoGraphicsModule(), nullptr);
-}
-
-TEST_F(GraphicsModule, CopiesShareTheMapButOwnNothing)
-{
-    module.CreateDotMapObject("d", nullptr);
-    CZoGraphicsModule copy(module);
-    EXPECT_EQ(copy.GetMapModule(), &map);
-    EXPECT_EQ(copy.GetName(), module.GetName());
-    EXPECT_EQ(copy.GetDeafultGraphicsLayer(), nullptr);
-    EXPECT_EQ(copy.LookupGraphicObject("d"), nullptr);
-    copy.Unintialise();
-    EXPECT_NE(module.LookupGraphicObject("d"), nullptr);
-}
-
-// Lookups from worker threads while the GUI thread creates and destroys.
-TEST_F(GraphicsModule, RegistriesServeLookupsFromOtherThreads)
-{
-    std::atomic<bool> done{false};
-    std::vector<std::thread> readers;
-    for (int t = 0; t < 3; ++t)
-    {
-        readers.emplace_back([&] {
-            while (!done.load())
-            {
-                module.LookupGraphicObject("dot-7");
-                module.LookupDotMapObject("dot-3");
-                module.LookupGraphicsLayer("layer");
-                module.LookupGraphicObject(5);
-            }
-        });
-    }
-    IZoGraphicsMapLayer* layer = module.CreateGraphicsLayer("layer");
-    std::vector<IZoDotMapObject*> dots;
-    for (int i = 0; i < 200; ++i)
-        dots.push_back(module.CreateDotMapObject("dot-" + std::to_string(i % 10), layer));
-    for (size_t i = 0; i < dots.size(); i += 2)
-        module.DestroyGraphicsMapObject(dots[i]);
-    done = true;
-    for (std::thread& reader : readers)
-        reader.join();
-    EXPECT_EQ(layer->GetMapObjectCount(), 100);
 }
 
 TEST_F(GraphicsModule, ObjectsLeftOnADestroyedLayerCanStillBeDestroyed)
