@@ -55,13 +55,6 @@ protected:
     IZoLayerCanvasMapObject* canvas = nullptr;
 };
 
-TEST_F(LayerCanvas, IsFoundByNameAndStartsEmpty)
-{
-    EXPECT_EQ(module.LookupLayerCanvasMapObject("canvas"), canvas);
-    EXPECT_TRUE(canvas->GetImage().isNull());
-    EXPECT_EQ(canvas->GetExtent(), EXTENT());
-}
-
 TEST_F(LayerCanvas, ExtentBeforeInitialiseIsRefused)
 {
     CZoLayerCanvasMapObject loose;

@@ -64,28 +64,6 @@ protected:
     IZoMarkPointMapObject* pin = nullptr;
 };
 
-TEST_F(MarkPoint, IsFoundAsALabelObject)
-{
-    EXPECT_EQ(module.LookupLabelMapObject("pin"), pin);
-    EXPECT_EQ(module.LookupLabelMapObject("none"), nullptr);
-    EXPECT_TRUE(pin->IsIconVisible());
-    EXPECT_EQ(pin->GetLabelPosition(), 0u);
-    EXPECT_EQ(pin->GetLabelAlignment(), 1u);
-}
-
-TEST_F(MarkPoint, AnglesStayInsideAFullTurn)
-{
-    const std::vector<std::pair<double, double>> cases = {{725.0, 5.0}, {-725.0, -5.0}, {360.0, 0.0}, {-360.0, 0.0},
-                                                          {359.5, 359.5}, {1e300, std::fmod(1e300, 360.0)}};
-    for (const auto& [given, stored] : cases)
-    {
-        pin->SetRotateAngle(given);
-        EXPECT_EQ(pin->GetRotateAngle(), stored) << given;
-    }
-    pin->SetRotateAngle(std::nan(""));
-    EXPECT_TRUE(std::isfinite(pin->GetRotateAngle()));
-}
-
 TEST_F(MarkPoint, IconSizeTakesThePicturesWhereUnset)
 {
     pin->SetIconSize(32.0, 0.0);

@@ -129,28 +129,6 @@ TEST_F(SVG, ScalesAccumulateAndSingleAxisSettersSquareTheOtherAxis)
     EXPECT_EQ(svg->GetXScale(), 4.0);
 }
 
-TEST_F(SVG, PlacementKeepsTheRotation)
-{
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
-    svg->Rotate(-90.0);
-    EXPECT_EQ(svg->GetRotation(), 270.0);
-    svg->SetCenter(CVector3D(3.0, 4.0, 0.0));
-    EXPECT_EQ(Item()->pos(), QPointF(30.0, -40.0));
-    EXPECT_EQ(svg->GetCenter(), CVector3D(3.0, 4.0, 0.0));
-    svg->MoveBy(1.0, -1.0);
-    EXPECT_EQ(svg->GetCenter(), CVector3D(4.0, 3.0, 0.0));
-    svg->SetGeoExtent(EXTENT{0.0, 0.0, 8.0, 2.0});
-    EXPECT_EQ(svg->GetGeoExtent(), (EXTENT{0.0, 0.0, 8.0, 2.0}));
-    EXPECT_EQ(svg->GetRotation(), 270.0);
-    svg->Rotate(0.0);
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(0.0, -20.0, 80.0, 20.0));
-    // Stretched pictures follow their extent when the view zooms.
-    map.pixelsPerDegree = 20.0;
-    svg->UpdatePosition();
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(0.0, -40.0, 160.0, 40.0));
-    EXPECT_TRUE(log.Messages().empty());
-}
-
 TEST_F(SVG, OperationsWithoutItemOrMapLogTheirTexts)
 {
     {

@@ -51,22 +51,6 @@ protected:
     IZoTextMapObject* text = nullptr;
 };
 
-TEST_F(Text, StartsWithItsOwnDefaults)
-{
-    EXPECT_EQ(text->GetTextColor(), QColor(Qt::red));
-    EXPECT_EQ(text->GetOutlineColor(), QColor(Qt::black));
-    EXPECT_EQ(text->GetOutlineWidth(), 1.0);
-    EXPECT_EQ(text->GetPadding(), 0.0);
-    EXPECT_EQ(text->GetBorderWidth(), 0.0);
-    EXPECT_EQ(text->GetBorderColor(), QColor(0, 0, 0, 0));
-    EXPECT_EQ(text->GetBackgroundColor(), QColor(0, 0, 0, 0));
-    EXPECT_EQ(text->GetFont().family(), QString::fromUtf8("微软雅黑"));
-    EXPECT_EQ(text->GetFont().pointSize(), 12);
-    EXPECT_TRUE(text->IsScaleWithMap());
-    EXPECT_FALSE(text->IsTextInteractionEnabled());
-    EXPECT_EQ(text->GetText(), "");
-}
-
 TEST_F(Text, StoredTextAnswersByModeWithoutAnItem)
 {
     layer->SetAutoAdd(false);
@@ -222,16 +206,6 @@ TEST_F(Text, PositionIsTheTopLeftCorner)
     EXPECT_EQ(Item()->boundingRect().topLeft(), QPointF(0.0, 0.0));
 }
 
-TEST_F(Text, InvalidGb18030BytesDoNotBreakTheText)
-{
-    const std::string bad("ok\x81\x30\xff\x81", 6);
-    text->SetText(bad);
-    EXPECT_TRUE(text->GetText().rfind("ok", 0) == 0);
-    EXPECT_FALSE(Item()->boundingRect().isEmpty());
-    const CAABB box = CalculateTextBoundingBox(bad, text->GetFont(), CVector3D(1.0, 1.0, 0.0), 1.0);
-    EXPECT_FALSE(box.IsEmpty());
-}
-
 // --- measuring -------------------------------------------------------------------
 
 TEST(TextBoundingBox, MeasuresTheLongestLineByCharactersAndEveryLine)
@@ -257,13 +231,6 @@ TEST(TextBoundingBox, MeasuresTheLongestLineByCharactersAndEveryLine)
     EXPECT_DOUBLE_EQ(box.max.x, x);
     EXPECT_DOUBLE_EQ(box.max.y, position.y);
     EXPECT_DOUBLE_EQ(box.min.y, y);
-}
-
-TEST(TextBoundingBox, NonFinitePositionsGiveAnEmptyBox)
-{
-    const QFont font;
-    EXPECT_TRUE(CalculateTextBoundingBox("x", font, CVector3D(std::nan(""), 0.0, 0.0), 1.0).IsEmpty());
-    EXPECT_TRUE(CalculateTextBoundingBox("x", font, CVector3D(0.0, 0.0, 0.0), HUGE_VAL).IsEmpty());
 }
 
 TEST_F(Text, ObjectBoxUsesTheWholeMapScale)

@@ -72,16 +72,6 @@ TEST_F(Bow, HugeAnglesNormaliseAndNonFiniteOnesAreIgnored)
     EXPECT_TRUE(std::isfinite(pie->GetQtItem()->boundingRect().width()));
 }
 
-TEST_F(Bow, SetExtentMeasuresAndCentres)
-{
-    pie->SetExtent(EXTENT{1.0, 2.0, 5.0, 4.0});
-    EXPECT_EQ(pie->GetCenter().x, 3.0);
-    EXPECT_EQ(pie->GetCenter().y, 3.0);
-    EXPECT_EQ(pie->GetWidth(), 4.0);
-    EXPECT_EQ(pie->GetHeight(), 2.0);
-    EXPECT_EQ(pie->GetQtItem()->pos(), QPointF(30.0, -30.0));
-}
-
 TEST_F(Bow, SetCenterMovesByWholePixelsAndKeepsThePixelSize)
 {
     pie->SetExtent(EXTENT{0.0, 0.0, 2.0, 1.0});

@@ -65,13 +65,6 @@ TEST_F(Circle, ShapeIsTheWholePixelRadiusGrownByTheFullPenWidth)
     EXPECT_EQ(circle->GetQtItem()->boundingRect(), QRectF(-113, -113, 226, 226));
 }
 
-TEST_F(Circle, ARimOnTheCentreHasNoShape)
-{
-    circle->SetRadiusPoint(CVector3D(2.0, 3.0, 0.0));
-    EXPECT_TRUE(circle->GetQtItem()->shape().isEmpty());
-    EXPECT_EQ(circle->GetRadius(), 0.0);
-}
-
 TEST_F(Circle, LabelStandsOnTheMiddleOfEachSideWhateverTheAlignment)
 {
     circle->SetNameVisible(true);
@@ -122,19 +115,6 @@ TEST_F(Circle, OutlineRunsCounterClockwiseInDegreesAndClockwiseInPixels)
     EXPECT_NEAR(degrees[2].x, 1.0, 1e-9);
 }
 
-TEST_F(Circle, CharacteristicPointsAreTheCentreAndFourRimHandles)
-{
-    std::vector<CVector3D> points(3);
-    static_cast<CZoCircleMapObject*>(circle)->GetCharacteristicPoints(points);
-    ASSERT_EQ(points.size(), 5u);
-    EXPECT_EQ(points[0].z, -1.0);
-    EXPECT_EQ(points[1].x, 3.0);
-    EXPECT_EQ(points[2].x, 1.0);
-    EXPECT_EQ(points[3].y, 4.0);
-    EXPECT_EQ(points[4].y, 2.0);
-    EXPECT_EQ(points[4].z, 1.0);
-}
-
 TEST_F(Circle, NonFiniteCoordinatesDrawNothingUntilMadeValid)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -156,18 +136,6 @@ TEST_F(Circle, NonFiniteCoordinatesDrawNothingUntilMadeValid)
     circle->SetCenter(CVector3D(2.0, 3.0, 0.0));
     circle->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
     EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
-}
-
-TEST_F(Circle, UninitialisedCircleNeitherMeasuresNorOutlines)
-{
-    CZoCircleMapObject loose;
-    loose.SetRadiusPoint(CVector3D(1.0, 0.0, 0.0));
-    std::vector<CVector3D> outline;
-    loose.GetOutlinePoints(outline, 4);
-    EXPECT_TRUE(outline.empty());
-    EXPECT_EQ(loose.GetRadius(), 0.0);
-    EXPECT_EQ(loose.ConvertAnchorToPixel(), QPointF(0.0, 0.0));
-    EXPECT_TRUE(log.Messages().empty());
 }
 
 // --- painting ------------------------------------------------------------------

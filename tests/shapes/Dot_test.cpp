@@ -55,27 +55,6 @@ TEST_F(Dot, RadiusZeroLaysOutNothingNotEvenTheName)
     EXPECT_GT(Label().originX, 0.0);
 }
 
-TEST_F(Dot, PositionMovesTheItemAndTheBoxIsDegenerate)
-{
-    dot->SetPosition(CVector3D(12.5, -3.0, 7.0));
-    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(125.0, 30.0));
-    const CAABB box = dot->GetBoundingBox();
-    EXPECT_EQ(box.min.x, 12.5);
-    EXPECT_EQ(box.max.x, 12.5);
-    EXPECT_EQ(box.min.y, -3.0);
-    EXPECT_EQ(box.min.z, -1.0);
-    EXPECT_EQ(box.max.z, 1.0);
-}
-
-TEST_F(Dot, RotationIsTheOffsetsZ)
-{
-    dot->SetOffset(CVector3D(1.0, 2.0, 5.0));
-    EXPECT_EQ(dot->GetRotation(), 5.0);
-    dot->SetRotation(30.0);
-    EXPECT_EQ(dot->GetOffset().z, 30.0);
-    EXPECT_EQ(dot->GetOffset().x, 1.0);
-}
-
 TEST_F(Dot, LabelPlacementsFollowTheLabelPositionAndIgnoreAlignment)
 {
     dot->SetNameVisible(true);
@@ -198,17 +177,6 @@ TEST_F(DotPaint, CanvasPaintingUsesATemporaryItemAtScaleOne)
     painter.end();
     EXPECT_EQ(loose->GetQtItem(), nullptr);
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 120, 60), QStringLiteral("dot_label_0"), 16, 12), QString());
-}
-
-TEST_F(DotPaint, CanvasPaintingRejectsNullArguments)
-{
-    QImage canvas = BlankCanvas(10, 10);
-    QPainter painter(&canvas);
-    dot->PaintOnCanvas(&painter, nullptr, 0, nullptr);
-    dot->PaintOnCanvas(nullptr, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoDotMapObject::PaintOnCanvas] 传入参数为空",
-                                        "[CZoDotMapObject::PaintOnCanvas] 传入参数为空"}));
 }
 
 // A label's finished look is held only while the label shows: hiding it, by

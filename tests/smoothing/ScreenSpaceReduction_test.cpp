@@ -101,16 +101,6 @@ TEST(ScreenSpaceReductionReference, RandomInputsMatch)
     }
 }
 
-TEST(ScreenSpaceReductionReference, LongInputsMatch)
-{
-    std::mt19937 rng(5);
-    for (const bool closed : {false, true})
-    {
-        const QPolygonF input = RandomPolygon(rng, 5000, false, closed);
-        EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(input, 0.5), Reference(input, 0.5)));
-    }
-}
-
 // Long lists where blocks of points pass whole, runs of drops share one
 // predecessor, keeps and drops alternate, and removal runs into the minimum.
 TEST(ScreenSpaceReductionReference, LongMixedInputsMatch)
