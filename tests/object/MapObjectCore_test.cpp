@@ -1,5 +1,4 @@
-#include "support/MapObjectKinds.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include <QGraphicsItem>
 
@@ -8,21 +7,10 @@ using Messages = std::vector<std::string>;
 // What every kind does alike, over all kinds; the expected texts come from
 // the one table in MapObjectKinds.h.
 template <class Kind>
-class MapObjectCore : public ModuleFixture
+class MapObjectCore : public KindFixture<Kind>
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("layer");
-        object = Kind::Create(module, "object", layer);
-        ASSERT_NE(object, nullptr);
-        log.Clear();
-    }
-    QGraphicsItem* Item() const { return object->GetQtItem(); }
-
-    IZoGraphicsMapLayer* layer = nullptr;
-    typename Kind::Interface* object = nullptr;
+    QGraphicsItem* Item() const { return this->object->GetQtItem(); }
 };
 
 TYPED_TEST_SUITE(MapObjectCore, MapObjectKindList);

@@ -8,7 +8,6 @@
 #include <cmath>
 #include <limits>
 #include <set>
-#include <thread>
 #include <vector>
 
 namespace

@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <limits>
-#include <thread>
 #include <vector>
 
 namespace

@@ -1,6 +1,6 @@
 #include "support/ImageCompare.h"
 #include "support/RenderItem.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "shapes/polyline/CZoPolylineMapObject.h"
 
@@ -11,20 +11,16 @@
 
 using Messages = std::vector<std::string>;
 
-class Polyline : public ModuleFixture
+class Polyline : public KindFixture<PolylineKind>
 {
 protected:
     void SetUp() override
     {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("lines");
-        line = static_cast<CZoPolylineMapObject*>(module.CreatePolylineMapObject("line", layer));
-        ASSERT_NE(line, nullptr);
-        log.Clear();
+        KindFixture::SetUp();
+        line = Impl();
     }
     QGraphicsItem* Item() const { return line->GetQtItem(); }
 
-    IZoGraphicsMapLayer* layer = nullptr;
     CZoPolylineMapObject* line = nullptr;
 };
 

@@ -141,6 +141,7 @@ template <class I, class Object, I* (IZoGraphicsModule::*Creator)(const std::str
 struct Kind
 {
     using Interface = I;
+    using Impl = Object;
     static constexpr KindRow kRow = row;
     static const KindTexts& Texts() { return kKindTexts[static_cast<int>(row)]; }
     static Interface* Create(IZoGraphicsModule& module, const std::string& name, IZoGraphicsMapLayer* layer)
