@@ -20,6 +20,6 @@ QT_QPA_PLATFORM=offscreen zo_as_user "$COVERAGE_DIR/tests/zographics_tests" --gt
 zo_as_user gcovr --root "$REPO_ROOT" --object-directory "$COVERAGE_DIR" \
     --filter "$REPO_ROOT/" \
     --exclude "$REPO_ROOT/(tests|fuzz|bench|apps|build)/" \
-    --exclude-throw-branches --exclude-unreachable-branches \
+    --exclude-throw-branches --exclude-unreachable-branches --gcov-ignore-parse-errors \
     --print-summary --output /dev/null -j "$JOBS"
 exit "$status"

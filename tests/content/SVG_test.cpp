@@ -17,12 +17,12 @@ namespace
 const char* const kPicture = R"(<svg xmlns="http://www.w3.org/2000/svg" width="40" height="20" viewBox="0 0 40 20">
 <rect x="0" y="0" width="20" height="20" fill="#1e5ac8"/>
 <rect x="20" y="0" width="20" height="20" fill="#f08c00"/>
-</object>)";
+</svg>)";
 const char* const kOther = R"(<svg xmlns="http://www.w3.org/2000/svg" width="10" height="10">
-<circle cx="5" cy="5" r="4"/></object>)";
+<circle cx="5" cy="5" r="4"/></svg>)";
 const char* const kHuge = R"(<svg xmlns="http://www.w3.org/2000/svg" width="100000" height="100000"
 viewBox="0 0 100000 100000">
-<rect width="100000" height="100000" fill="green"/></object>)";
+<rect width="100000" height="100000" fill="green"/></svg>)";
 } // namespace
 
 class SVG : public KindFixture<SVGKind>

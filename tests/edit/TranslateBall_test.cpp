@@ -58,26 +58,6 @@ TEST_F(TranslateBallTest, CreatorsJoinTheHostChainAndPutHandlesOnTheirLayer)
     module.DestroyGraphicsEditObject(nullptr);
 }
 
-TEST_F(TranslateBallTest, MainDotIsAMarkedInteractiveHandle)
-{
-    ball->AttachEditableUser(&user);
-    IZoDotMapObject* dot = ball->GetDot();
-    ASSERT_NE(dot, nullptr);
-    EXPECT_EQ(dot->GetName(), "CustomEditDot");
-    EXPECT_DOUBLE_EQ(dot->GetRadius(), 6.0);
-    EXPECT_EQ(dot->GetBrushColor(), QColor(Qt::white));
-    EXPECT_EQ(dot->GetPenColor(), QColor(Qt::black));
-    EXPECT_FLOAT_EQ(dot->GetPenWidth(), 2.0f);
-    EXPECT_TRUE(dot->GetUserData(0).toBool());
-    EXPECT_TRUE(dot->IsAlwaysRebuild());
-    EXPECT_TRUE(dot->IsInteractive());
-    EXPECT_FALSE(dot->IsNameVisible());
-    EXPECT_EQ(dot->GetPosition(), user.position);
-    EXPECT_TRUE(ball->IsVisible());
-    EXPECT_TRUE(ball->IsEditObjectHandle(dot->GetObjectID()));
-    EXPECT_FALSE(ball->IsEditObjectHandle(dot->GetObjectID() + 1000));
-}
-
 TEST_F(TranslateBallTest, DefaultUserDragMovesTheDotAndRestoresTheCursor)
 {
     ball->AttachEditableUser(&user);

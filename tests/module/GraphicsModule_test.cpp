@@ -22,34 +22,6 @@ TEST_F(GraphicsModule, InitialiseCreatesTheDefaultLayerAndRegistersItWithTheMap)
     EXPECT_EQ(map.handlers[0], dynamic_cast<IZoMapEventHandler*>(layer));
 }
 
-TEST_F(GraphicsModule, SameNamesAreAcceptedAndTheFirstCreatedWins)
-{
-    IZoDotMapObject* first = module.CreateDotMapObject("x", nullptr);
-    IZoDotMapObject* second = module.CreateDotMapObject("x", nullptr);
-    ASSERT_NE(first, nullptr);
-    ASSERT_NE(second, nullptr);
-    EXPECT_NE(first->GetObjectID(), second->GetObjectID());
-    EXPECT_EQ(module.LookupGraphicObject("x"), first);
-    EXPECT_EQ(module.LookupDotMapObject("x"), first);
-    EXPECT_EQ(module.LookupGraphicObject(second->GetObjectID()), second);
-
-    IZoGraphicsMapLayer* a = module.CreateGraphicsLayer("same");
-    IZoGraphicsMapLayer* b = module.CreateGraphicsLayer("same");
-    ASSERT_NE(a, b);
-    EXPECT_EQ(module.LookupGraphicsLayer("same"), a);
-    module.DestroyGraphicsLayer(a);
-    EXPECT_EQ(module.LookupGraphicsLayer("same"), b);
-}
-
-TEST_F(GraphicsModule, ChineseNamesRoundTripThroughTheCodePage)
-{
-    const std::string beijing = ConvertQStringToStdString(QString::fromUtf8("北京"), "GB18030");
-    IZoDotMapObject* dot = module.CreateDotMapObject(beijing, nullptr);
-    ASSERT_NE(dot, nullptr);
-    EXPECT_EQ(dot->GetName(), beijing);
-    EXPECT_EQ(module.LookupDotMapObject(beijing), dot);
-}
-
 TEST_F(GraphicsModule, NullLayerPutsTheObjectOnTheDefaultLayer)
 {
     IZoDotMapObject* dot = module.CreateDotMapObject("d", nullptr);

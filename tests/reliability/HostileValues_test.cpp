@@ -48,6 +48,26 @@ const std::vector<Hostile>& HostileValues()
     return values;
 }
 
+// The geometry Qt sees of an item and its children, for comparing an object
+// that went through hostile values with a fresh one.
+struct Geometry
+{
+    QPointF pos;
+    QRectF rect;
+    QRectF sceneRect;
+    QTransform transform;
+    bool visible;
+};
+
+void Collect(const QGraphicsItem* item, std::vector<Geometry>& out)
+{
+    if (!item)
+        return;
+    out.push_back({item->pos(), item->boundingRect(), item->sceneBoundingRect(), item->transform(), item->isVisible()});
+    for (const QGraphicsItem* child : item->childItems())
+        Collect(child, out);
+}
+
 bool Near(double a, double b)
 {
     return std::abs(a - b) <= 1e-6 * std::max(1.0, std::max(std::abs(a), std::abs(b)));
