@@ -198,17 +198,6 @@ TEST(DPSmoothThresholds, CollinearPointsKeepOnlyTheEnds)
     EXPECT_EQ(Smoothed(flat), (Path{flat.front(), flat.back()}));
 }
 
-TEST(DPSmoothOutput, CarriesSinglePrecision)
-{
-    Path path = Lattice(401, CVector3D(0.1, 0.1, 0.1), CVector3D(0, 0, 0));
-    path.back() = CVector3D(0.7, 0.3, 1e-3);
-    const Path out = Smoothed(path);
-    ASSERT_EQ(out.size(), 2u);
-    EXPECT_EQ(out[0], CVector3D(double(0.1f), double(0.1f), double(0.1f)));
-    EXPECT_EQ(out[1], CVector3D(double(0.7f), double(0.3f), double(1e-3f)));
-    EXPECT_NE(out[0].x, 0.1);
-}
-
 TEST(DPSmoothReference, RandomInputsMatch)
 {
     std::mt19937 rng(20261121);
