@@ -187,14 +187,6 @@ TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
     EXPECT_EQ(Item()->scale(), 0.125);
 }
 
-TEST_F(Text, PositionIsTheTopLeftCorner)
-{
-    object->SetText("corner");
-    object->SetPosition(CVector3D(3.0, 4.0, 0.0));
-    EXPECT_EQ(Item()->pos(), QPointF(30.0, -40.0));
-    EXPECT_EQ(Item()->boundingRect().topLeft(), QPointF(0.0, 0.0));
-}
-
 // --- measuring -------------------------------------------------------------------
 
 TEST(TextBoundingBox, MeasuresTheLongestLineByCharactersAndEveryLine)

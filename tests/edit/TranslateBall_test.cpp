@@ -181,19 +181,6 @@ TEST_F(TranslateBallTest, AttachDetachAndReplaceUsers)
     EXPECT_FALSE(ball->IsShown());
 }
 
-TEST_F(TranslateBallTest, OneUserServesTwoGadgets)
-{
-    CTranslateBall* second = static_cast<CTranslateBall*>(module.CreateTranslateEditObject(nullptr));
-    ball->AttachEditableUser(&user);
-    second->AttachEditableUser(&user);
-    Drag({});
-    second->OnMousePress(&view, 0, 0, second->GetDot()->GetObjectID());
-    // A press on one gadget's dot is not the other's business.
-    EXPECT_FALSE(second->OnMousePress(&view, 0, 0, DotId()));
-    EXPECT_EQ(user.editors, (std::vector<IZoGraphicsEditObject*>{ball, second}));
-    module.DestroyGraphicsEditObject(second);
-}
-
 TEST_F(TranslateBallTest, UnintialiseDestroysHandlesEvenAfterTheModule)
 {
     ball->AttachEditableUser(&user);
