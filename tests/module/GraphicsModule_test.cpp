@@ -127,3 +127,15 @@ TEST_F(GraphicsModule, ObjectsLeftOnADestroyedLayerCanStillBeDestroyed)
     EXPECT_EQ(module.LookupGraphicObject(id), nullptr);
     EXPECT_TRUE(map.Scene()->items().isEmpty());
 }
+
+TEST_F(GraphicsModule, CopiesShareTheMapButOwnNothing)
+{
+    module.CreateDotMapObject("d", nullptr);
+    CZoGraphicsModule copy(module);
+    EXPECT_EQ(copy.GetMapModule(), &map);
+    EXPECT_EQ(copy.GetName(), module.GetName());
+    EXPECT_EQ(copy.GetDeafultGraphicsLayer(), nullptr);
+    EXPECT_EQ(copy.LookupGraphicObject("d"), nullptr);
+    copy.Unintialise();
+    EXPECT_NE(module.LookupGraphicObject("d"), nullptr);
+}

@@ -67,6 +67,10 @@ TYPED_TEST(MapObjectCore, HiddenLayerHidesItemsButIsVisibleIgnoresIt)
 TYPED_TEST(MapObjectCore, NameVisibilityFollowsLabelAndLayerNameRanges)
 {
     auto* o = this->object;
+    // Names show in red on a black halo unless the host says otherwise.
+    EXPECT_EQ(o->GetNameColor(), QColor(Qt::red));
+    EXPECT_EQ(o->GetNameOutlineColor(), QColor(Qt::black));
+    EXPECT_EQ(o->GetNameFont().family(), QString::fromUtf8("微软雅黑"));
     EXPECT_FALSE(o->IsNameVisible());
     o->SetNameVisible(true);
     EXPECT_TRUE(o->IsNameVisible());

@@ -111,3 +111,28 @@ TEST(CoreAABB, ExtendByBoxIgnoresEmptyBoxes)
     EXPECT_EQ(box.min, CVector3D(-5.0, 1.0, -1.0));
     EXPECT_EQ(box.max, CVector3D(2.0, 10.0, 1.0));
 }
+
+TEST(VariantSet, PropertiesAndUserData)
+{
+    CZoVariantSetObject set;
+    EXPECT_FALSE(set.GetProperty("missing").isValid());
+    EXPECT_FALSE(set.GetUserData(7).isValid());
+
+    set.SetProperty("name", QStringLiteral("北京"));
+    set.SetProperty("name", QStringLiteral("上海"));
+    set.SetUserData(7, 42);
+    EXPECT_TRUE(set.HasProperty("name"));
+    EXPECT_EQ(set.GetProperty("name").toString(), QStringLiteral("上海"));
+    EXPECT_EQ(set.GetUserData(7).toInt(), 42);
+    EXPECT_FALSE(set.GetUserData(8).isValid());
+
+    CZoVariantSetObject copy(set);
+    set.RemoveProperty("name");
+    EXPECT_FALSE(set.HasProperty("name"));
+    EXPECT_TRUE(copy.HasProperty("name"));
+
+    copy.Clear();
+    EXPECT_FALSE(copy.HasProperty("name"));
+    EXPECT_FALSE(copy.GetUserData(7).isValid());
+    EXPECT_EQ(set.GetUserData(7).toInt(), 42);
+}

@@ -112,3 +112,21 @@ TEST(LogSystem, SinkMayLogAndSwapSinksWithoutDeadlock)
     EXPECT_EQ(seen, expected);
     EXPECT_TRUE(outer.Messages().empty());
 }
+
+TEST(LogSystem, DefaultSinkWritesToTheQtCategory)
+{
+    const ZoLogSink before = ZoSetLogSink(ZoLogSink());
+    {
+        QtMessageCapture qt;
+        ZoLogWarn() << "[A::B] 失败";
+        ZoLogError() << "e";
+        ZoLogInfo() << "i";
+        ASSERT_EQ(g_qtMessages.size(), 3u);
+        EXPECT_EQ(g_qtMessages[0].type, QtWarningMsg);
+        EXPECT_EQ(g_qtMessages[0].category, "zo.graphics");
+        EXPECT_EQ(g_qtMessages[0].text, QStringLiteral("[A::B] 失败"));
+        EXPECT_EQ(g_qtMessages[1].type, QtCriticalMsg);
+        EXPECT_EQ(g_qtMessages[2].type, QtInfoMsg);
+    }
+    ZoSetLogSink(before);
+}

@@ -191,3 +191,16 @@ TEST_F(CirclePaint, CanvasPaintingMeasuresTheRadiusOnTheCanvas)
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 80, 80), QStringLiteral("circle_label_bottom"), 16, 12),
               QString());
 }
+
+TEST_F(Circle, CharacteristicPointsAreTheCentreAndFourRimHandles)
+{
+    std::vector<CVector3D> points(3);
+    static_cast<CZoCircleMapObject*>(object)->GetCharacteristicPoints(points);
+    ASSERT_EQ(points.size(), 5u);
+    EXPECT_EQ(points[0].z, -1.0);
+    EXPECT_EQ(points[1].x, 3.0);
+    EXPECT_EQ(points[2].x, 1.0);
+    EXPECT_EQ(points[3].y, 4.0);
+    EXPECT_EQ(points[4].y, 2.0);
+    EXPECT_EQ(points[4].z, 1.0);
+}

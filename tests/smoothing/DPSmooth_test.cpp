@@ -273,3 +273,18 @@ TEST(DPSmoothSplits, MillionPointZigZagRunsOnASmallStack)
     EXPECT_TRUE(std::equal(path.begin(), path.begin() + chain, out.begin()));
     EXPECT_EQ(out.back(), CVector3D());
 }
+
+TEST(DPSmoothOutput, OutMayBeTheInput)
+{
+    std::mt19937 rng(9);
+    const Path shortPath = RandomWalk(rng, 400, 0.5);
+    Path same = shortPath;
+    ZoGraphicsConstantNS::DPSmooth(same, same, 0, 0);
+    EXPECT_EQ(same, shortPath);
+
+    const Path longPath = RandomWalk(rng, 5000, 0.5);
+    same = longPath;
+    ZoGraphicsConstantNS::DPSmooth(same, same, 0, 3);
+    EXPECT_EQ(same, Smoothed(longPath));
+    EXPECT_EQ(same, Reference(longPath, 0.4));
+}
