@@ -1,5 +1,5 @@
 #include "support/ImageCompare.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "content/canvas/CZoLayerCanvasMapObject.h"
 
@@ -30,18 +30,10 @@ QImage Quadrants()
 }
 } // namespace
 
-class LayerCanvas : public ModuleFixture
+class LayerCanvas : public KindFixture<LayerCanvasKind>
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("canvases");
-        canvas = module.CreateLayerCanvasMapObject("canvas", layer);
-        ASSERT_NE(canvas, nullptr);
-        log.Clear();
-    }
-    QGraphicsItem* Item() const { return canvas->GetQtItem(); }
+    QGraphicsItem* Item() const { return object->GetQtItem(); }
     QImage Render(int width, int height) const
     {
         QImage image = BlankCanvas(width, height);
@@ -50,17 +42,7 @@ protected:
         painter.end();
         return image;
     }
-
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoLayerCanvasMapObject* canvas = nullptr;
 };
-
-TEST_F(LayerCanvas, IsFoundByNameAndStartsEmpty)
-{
-    EXPECT_EQ(module.LookupLayerCanvasMapObject("canvas"), canvas);
-    EXPECT_TRUE(canvas->GetImage().isNull());
-    EXPECT_EQ(canvas->GetExtent(), EXTENT());
-}
 
 TEST_F(LayerCanvas, ExtentBeforeInitialiseIsRefused)
 {
@@ -76,19 +58,19 @@ TEST_F(LayerCanvas, ExtentBeforeInitialiseIsRefused)
 
 TEST_F(LayerCanvas, ItemSpansTheExtentFromItsTopLeftCorner)
 {
-    canvas->SetExtent(EXTENT{10.0, 20.0, 30.0, 40.0});
+    object->SetExtent(EXTENT{10.0, 20.0, 30.0, 40.0});
     EXPECT_EQ(Item()->pos(), QPointF(100.0, -400.0));
     EXPECT_EQ(Item()->boundingRect(), QRectF(0.0, 0.0, 200.0, 200.0));
     // The host zooms: the next position update follows the new pixels.
     map.pixelsPerDegree = 20.0;
-    canvas->UpdatePosition();
+    object->UpdatePosition();
     EXPECT_EQ(Item()->pos(), QPointF(200.0, -800.0));
     EXPECT_EQ(Item()->boundingRect(), QRectF(0.0, 0.0, 400.0, 400.0));
     // Bad extents are ignored.
-    canvas->SetExtent(EXTENT{std::nan(""), 0.0, 1.0, 1.0});
-    canvas->SetExtent(EXTENT{0.0, 0.0, HUGE_VAL, 1.0});
-    EXPECT_EQ(canvas->GetExtent(), (EXTENT{10.0, 20.0, 30.0, 40.0}));
-    const CAABB box = canvas->GetBoundingBox();
+    object->SetExtent(EXTENT{std::nan(""), 0.0, 1.0, 1.0});
+    object->SetExtent(EXTENT{0.0, 0.0, HUGE_VAL, 1.0});
+    EXPECT_EQ(object->GetExtent(), (EXTENT{10.0, 20.0, 30.0, 40.0}));
+    const CAABB box = object->GetBoundingBox();
     EXPECT_EQ(box.min.x, 10.0);
     EXPECT_EQ(box.min.y, 20.0);
     EXPECT_EQ(box.max.x, 30.0);
@@ -99,18 +81,18 @@ TEST_F(LayerCanvas, ItemSpansTheExtentFromItsTopLeftCorner)
 
 TEST_F(LayerCanvas, NullImageDrawsNothingButStillTakesHits)
 {
-    canvas->SetExtent(EXTENT{0.0, 0.0, 4.0, 2.0});
-    canvas->SetImage(QImage());
+    object->SetExtent(EXTENT{0.0, 0.0, 4.0, 2.0});
+    object->SetImage(QImage());
     const QImage painted = Render(40, 20);
     EXPECT_EQ(painted, BlankCanvas(40, 20));
-    canvas->SetInteractive(true);
+    object->SetInteractive(true);
     EXPECT_TRUE(map.Scene()->items(QPointF(20.0, -10.0)).contains(Item()));
 }
 
 TEST_F(LayerCanvas, ImageIsStretchedTheRightWayUp)
 {
-    canvas->SetExtent(EXTENT{0.0, 0.0, 8.0, 4.0});
-    canvas->SetImage(Quadrants());
+    object->SetExtent(EXTENT{0.0, 0.0, 8.0, 4.0});
+    object->SetImage(Quadrants());
     const QImage painted = Render(80, 40);
     EXPECT_EQ(painted.pixelColor(5, 5), QColor(Qt::red));
     EXPECT_EQ(painted.pixelColor(75, 5), QColor(Qt::green));
@@ -121,13 +103,13 @@ TEST_F(LayerCanvas, ImageIsStretchedTheRightWayUp)
 
 TEST_F(LayerCanvas, CanvasPaintingSpansTheCornersAtTheLevel)
 {
-    canvas->SetExtent(EXTENT{-180.0, 0.0, 0.0, 85.0511287798});
-    canvas->SetImage(Quadrants());
+    object->SetExtent(EXTENT{-180.0, 0.0, 0.0, 85.0511287798});
+    object->SetImage(Quadrants());
     // Web Mercator level 0: the north-west quarter of the world.
     QImage target = BlankCanvas(256, 256);
     QPainter painter(&target);
-    canvas->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    canvas->PaintOnCanvas(&painter, nullptr, 0, nullptr);
+    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    object->PaintOnCanvas(&painter, nullptr, 0, nullptr);
     painter.end();
     EXPECT_EQ(target.pixelColor(2, 2), QColor(Qt::red));
     EXPECT_EQ(target.pixelColor(125, 2), QColor(Qt::green));

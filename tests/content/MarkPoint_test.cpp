@@ -1,6 +1,6 @@
 #include "support/ImageCompare.h"
 #include "support/RenderItem.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 #include "support/ScratchFiles.h"
 
 #include "content/markpoint/CZoMarkPointMapObject.h"
@@ -45,83 +45,51 @@ QByteArray PngBytes(const QPixmap& picture)
 }
 } // namespace
 
-class MarkPoint : public ModuleFixture
+class MarkPoint : public KindFixture<MarkPointKind>
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("pins");
-        pin = module.CreateMarkPointMapObject("pin", layer);
-        ASSERT_NE(pin, nullptr);
-        log.Clear();
-    }
-    CMarkPointItemQtImpl* Item() const { return static_cast<CMarkPointItemQtImpl*>(pin->GetQtItem()); }
-    const CZoNameLabel& Label() const { return static_cast<CZoMarkPointMapObject*>(pin)->Core().Label(); }
+    CMarkPointItemQtImpl* Item() const { return static_cast<CMarkPointItemQtImpl*>(object->GetQtItem()); }
+    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
 
     ScratchFiles files;
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoMarkPointMapObject* pin = nullptr;
 };
-
-TEST_F(MarkPoint, IsFoundAsALabelObject)
-{
-    EXPECT_EQ(module.LookupLabelMapObject("pin"), pin);
-    EXPECT_EQ(module.LookupLabelMapObject("none"), nullptr);
-    EXPECT_TRUE(pin->IsIconVisible());
-    EXPECT_EQ(pin->GetLabelPosition(), 0u);
-    EXPECT_EQ(pin->GetLabelAlignment(), 1u);
-}
-
-TEST_F(MarkPoint, AnglesStayInsideAFullTurn)
-{
-    const std::vector<std::pair<double, double>> cases = {{725.0, 5.0}, {-725.0, -5.0}, {360.0, 0.0}, {-360.0, 0.0},
-                                                          {359.5, 359.5}, {1e300, std::fmod(1e300, 360.0)}};
-    for (const auto& [given, stored] : cases)
-    {
-        pin->SetRotateAngle(given);
-        EXPECT_EQ(pin->GetRotateAngle(), stored) << given;
-    }
-    pin->SetRotateAngle(std::nan(""));
-    EXPECT_TRUE(std::isfinite(pin->GetRotateAngle()));
-}
 
 TEST_F(MarkPoint, IconSizeTakesThePicturesWhereUnset)
 {
-    pin->SetIconSize(32.0, 0.0);
-    pin->SetIcon(PinPicture());
-    EXPECT_EQ(pin->GetIconWidth(), 32.0);
-    EXPECT_EQ(pin->GetIconHeight(), 32.0);
-    pin->SetIconSize(0.0, 0.0);
-    pin->SetIcon(PinPicture());
-    EXPECT_EQ(pin->GetIconWidth(), 24.0);
-    EXPECT_EQ(pin->GetIconHeight(), 32.0);
+    object->SetIconSize(32.0, 0.0);
+    object->SetIcon(PinPicture());
+    EXPECT_EQ(object->GetIconWidth(), 32.0);
+    EXPECT_EQ(object->GetIconHeight(), 32.0);
+    object->SetIconSize(0.0, 0.0);
+    object->SetIcon(PinPicture());
+    EXPECT_EQ(object->GetIconWidth(), 24.0);
+    EXPECT_EQ(object->GetIconHeight(), 32.0);
 }
 
 TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOrigin)
 {
     map.ChangeViewScale(2.0);
-    pin->SetIcon(PinPicture());
-    pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    object->SetIcon(PinPicture());
+    object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
     EXPECT_EQ(Item()->IconRect(), QRectF(-6.0, -16.0, 12.0, 16.0));
     // No size: a 3-pixel square.
-    pin->SetIconSize(-1.0, 10.0);
+    object->SetIconSize(-1.0, 10.0);
     EXPECT_EQ(Item()->IconRect(), QRectF(-6.0, -16.0, 1.5, 1.5));
-    pin->SetIconVisible(false);
+    object->SetIconVisible(false);
     EXPECT_TRUE(Item()->IconRect().isNull());
     // The frame is the pin grown by 20 pixels on every side.
-    pin->SetIconVisible(true);
-    pin->SetIconSize(24.0, 32.0);
+    object->SetIconVisible(true);
+    object->SetIconSize(24.0, 32.0);
     EXPECT_EQ(Item()->boundingRect(), QRectF(-16.0, -26.0, 32.0, 36.0));
     EXPECT_EQ(Item()->shape().boundingRect(), QRectF(-6.0, -16.0, 12.0, 16.0));
 }
 
 TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
 {
-    pin->SetName("Label");
-    pin->SetNameVisible(true);
-    pin->SetIcon(PinPicture());
-    pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0)); // the tip of the pin
+    object->SetName("Label");
+    object->SetNameVisible(true);
+    object->SetIcon(PinPicture());
+    object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0)); // the tip of the pin
     const QFontMetrics metrics(Label().font);
     const double w = metrics.horizontalAdvance(QStringLiteral("Label"));
     const double h = metrics.height();
@@ -140,8 +108,8 @@ TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
     };
     for (const Case& c : cases)
     {
-        pin->SetLabelPosition(c.position);
-        pin->SetLabelAlignment(c.alignment);
+        object->SetLabelPosition(c.position);
+        object->SetLabelAlignment(c.alignment);
         EXPECT_FLOAT_EQ(Label().originX, static_cast<float>(c.x)) << c.position << "/" << c.alignment;
         EXPECT_FLOAT_EQ(Label().originY, static_cast<float>(c.y)) << c.position << "/" << c.alignment;
         EXPECT_TRUE(Item()->ItemRect().contains(Item()->IconRect()));
@@ -151,9 +119,9 @@ TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
 
 TEST_F(MarkPoint, BoxOfAnyPinHasNoExtent)
 {
-    pin->SetIcon(PinPicture());
-    pin->SetPosition(CVector3D(116.4, 39.9, 0.0));
-    const CAABB box = pin->GetBoundingBox();
+    object->SetIcon(PinPicture());
+    object->SetPosition(CVector3D(116.4, 39.9, 0.0));
+    const CAABB box = object->GetBoundingBox();
     EXPECT_EQ(box.min.x, box.max.x);
     EXPECT_EQ(box.min.y, box.max.y);
     EXPECT_EQ(box.max.x, 116.4);
@@ -165,13 +133,13 @@ TEST_F(MarkPoint, BoxOfAnyPinHasNoExtent)
 TEST_F(MarkPoint, ImageFilesLoadEvenUnderAWrongOrChineseName)
 {
     const QByteArray png = PngBytes(PinPicture());
-    pin->SetIconFile(files.Write(QString::fromUtf8("图标.png"), png));
-    EXPECT_EQ(pin->GetIcon().size(), QSize(24, 32));
-    EXPECT_EQ(pin->GetIconFile(), files.Path(QString::fromUtf8("图标.png")));
+    object->SetIconFile(files.Write(QString::fromUtf8("图标.png"), png));
+    EXPECT_EQ(object->GetIcon().size(), QSize(24, 32));
+    EXPECT_EQ(object->GetIconFile(), files.Path(QString::fromUtf8("图标.png")));
     // A PNG called .jpg is still read, from its content.
-    pin->SetIcon(QPixmap());
-    pin->SetIconFile(files.Write(QStringLiteral("pin.jpg"), png));
-    EXPECT_EQ(pin->GetIcon().size(), QSize(24, 32));
+    object->SetIcon(QPixmap());
+    object->SetIconFile(files.Write(QStringLiteral("pin.jpg"), png));
+    EXPECT_EQ(object->GetIcon().size(), QSize(24, 32));
     EXPECT_TRUE(log.Messages().empty());
 }
 
@@ -187,26 +155,26 @@ TEST_F(MarkPoint, BrokenImageFilesClearTheIconAndLeaveTheDot)
     };
     for (const std::string& path : broken)
     {
-        pin->SetIcon(PinPicture());
-        pin->SetIconFile(path);
-        EXPECT_TRUE(pin->GetIcon().isNull()) << path;
-        EXPECT_EQ(pin->GetIconFile(), path);
+        object->SetIcon(PinPicture());
+        object->SetIconFile(path);
+        EXPECT_TRUE(object->GetIcon().isNull()) << path;
+        EXPECT_EQ(object->GetIconFile(), path);
     }
 }
 
 TEST_F(MarkPoint, FileTypeDecidesBetweenPictureSystemIconAndNothing)
 {
-    pin->SetIcon(PinPicture());
-    pin->SetIconFile(files.Write(QStringLiteral("notes.txt"), "plain words\n"));
-    EXPECT_TRUE(pin->GetIcon().isNull());
+    object->SetIcon(PinPicture());
+    object->SetIconFile(files.Write(QStringLiteral("notes.txt"), "plain words\n"));
+    EXPECT_TRUE(object->GetIcon().isNull());
 
     const QByteArray mp4("\x00\x00\x00\x18" "ftypmp42\x00\x00\x00\x00mp42isom", 24);
     const std::string video = files.Write(QStringLiteral("clip.mp4"), mp4);
-    pin->SetIconFile(video);
+    object->SetIconFile(video);
     const QFileInfo info(files.FilePath(QStringLiteral("clip.mp4")));
     const QPixmap expected = QFileIconProvider().icon(info).pixmap(64, 64, QIcon::Normal, QIcon::Off);
-    EXPECT_EQ(pin->GetIcon().size(), expected.size());
-    EXPECT_LE(pin->GetIcon().width(), 64);
+    EXPECT_EQ(object->GetIcon().size(), expected.size());
+    EXPECT_LE(object->GetIcon().width(), 64);
 }
 
 // --- measuring ----------------------------------------------------------------
@@ -255,14 +223,14 @@ QImage RenderPin(QGraphicsItem* item, int width = 140, int height = 100)
 
 TEST_F(MarkPoint, PinsWithALabelOnEachSideMatchTheirReferences)
 {
-    pin->SetName("Pin");
-    pin->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    pin->SetNameVisible(true);
-    pin->SetIcon(PinPicture());
-    pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    object->SetName("Pin");
+    object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    object->SetNameVisible(true);
+    object->SetIcon(PinPicture());
+    object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
     for (unsigned int position = 0; position <= 4; ++position)
     {
-        pin->SetLabelPosition(position);
+        object->SetLabelPosition(position);
         const QString name = QStringLiteral("markpoint_label_%1").arg(position);
         EXPECT_EQ(CompareWithReference(RenderPin(Item()), name, 16, 12), QString()) << position;
     }
@@ -276,7 +244,7 @@ TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
     EXPECT_EQ(image.pixelColor(20 + 4, 20), QColor(Qt::red));
     EXPECT_EQ(image.pixelColor(20 + 9, 20), QColor(Qt::white));
     // Hiding the icon hides the dot too.
-    pin->SetIconVisible(false);
+    object->SetIconVisible(false);
     image = RenderPin(Item(), 40, 40);
     EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::white));
 }

@@ -1,5 +1,5 @@
 #include "support/ImageCompare.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 #include "support/ScratchFiles.h"
 
 #include "content/svg/CZoSVGMapObject.h"
@@ -25,65 +25,58 @@ viewBox="0 0 100000 100000">
 <rect width="100000" height="100000" fill="green"/></svg>)";
 } // namespace
 
-class SVG : public ModuleFixture
+class SVG : public KindFixture<SVGKind>
 {
 protected:
     void SetUp() override
     {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("pictures");
-        svg = module.CreateSVGMapObject("svg", layer);
-        ASSERT_NE(svg, nullptr);
+        KindFixture::SetUp();
         picture = files.Write(QString::fromUtf8("罗盘.svg"), kPicture);
-        log.Clear();
     }
-    QGraphicsItem* Item() const { return svg->GetQtItem(); }
+    QGraphicsItem* Item() const { return object->GetQtItem(); }
 
     ScratchFiles files;
     std::string picture;
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoSVGMapObject* svg = nullptr;
 };
 
 TEST_F(SVG, LoadingCentresThePictureAndSpansTwiceItsSize)
 {
-    EXPECT_EQ(module.LookupSVGMapObject("svg"), svg);
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D(10.0, 5.0, 0.0)));
-    EXPECT_EQ(svg->GetSVGFile(), picture);
+    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(10.0, 5.0, 0.0)));
+    EXPECT_EQ(object->GetSVGFile(), picture);
     EXPECT_EQ(Item()->pos(), QPointF(100.0, -50.0));
     EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(80.0, -60.0, 40.0, 20.0));
     // A whole width and height from the centre on each side.
-    EXPECT_EQ(svg->GetGeoExtent().xmin, 6.0);
-    EXPECT_EQ(svg->GetGeoExtent().xmax, 14.0);
-    EXPECT_EQ(svg->GetGeoExtent().ymin, 3.0);
-    EXPECT_EQ(svg->GetGeoExtent().ymax, 7.0);
-    EXPECT_EQ(svg->GetCenter(), CVector3D(10.0, 5.0, 0.0));
-    const EXTENT drawn = svg->CalculateGeoExtent();
+    EXPECT_EQ(object->GetGeoExtent().xmin, 6.0);
+    EXPECT_EQ(object->GetGeoExtent().xmax, 14.0);
+    EXPECT_EQ(object->GetGeoExtent().ymin, 3.0);
+    EXPECT_EQ(object->GetGeoExtent().ymax, 7.0);
+    EXPECT_EQ(object->GetCenter(), CVector3D(10.0, 5.0, 0.0));
+    const EXTENT drawn = object->CalculateGeoExtent();
     EXPECT_EQ(drawn.xmin, 8.0);
     EXPECT_EQ(drawn.xmax, 12.0);
     EXPECT_EQ(drawn.ymax, 6.0);
     EXPECT_EQ(drawn.ymin, 4.0);
-    EXPECT_DOUBLE_EQ(svg->GetWidth(), 8.0);
-    EXPECT_DOUBLE_EQ(svg->GetHeight(), 4.0);
+    EXPECT_DOUBLE_EQ(object->GetWidth(), 8.0);
+    EXPECT_DOUBLE_EQ(object->GetHeight(), 4.0);
     EXPECT_TRUE(log.Messages().empty());
 }
 
 TEST_F(SVG, SamePathIsNotLoadedAgainAndKeepsPlacement)
 {
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D(10.0, 5.0, 0.0)));
-    svg->SetXYScale(2.0, 2.0);
-    svg->Rotate(30.0);
+    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(10.0, 5.0, 0.0)));
+    object->SetXYScale(2.0, 2.0);
+    object->Rotate(30.0);
     const QTransform transform = Item()->transform();
-    EXPECT_TRUE(svg->LoadSVGFile(picture, CVector3D(-50.0, -5.0, 0.0)));
+    EXPECT_TRUE(object->LoadSVGFile(picture, CVector3D(-50.0, -5.0, 0.0)));
     EXPECT_EQ(Item()->pos(), QPointF(100.0, -50.0));
     EXPECT_EQ(Item()->transform(), transform);
-    EXPECT_EQ(svg->GetRotation(), 30.0);
+    EXPECT_EQ(object->GetRotation(), 30.0);
     EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] 传入路径相等，不重复加载"}));
 }
 
 TEST_F(SVG, FailedLoadsMoveTheOldPictureAndKeepThePath)
 {
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
+    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
     const std::vector<std::string> broken = {
         files.Write(QStringLiteral("empty.svg"), QByteArray()),
         files.Write(QStringLiteral("truncated.svg"), QByteArray(kPicture).left(60)),
@@ -95,15 +88,15 @@ TEST_F(SVG, FailedLoadsMoveTheOldPictureAndKeepThePath)
     for (const std::string& path : broken)
     {
         log.Clear();
-        EXPECT_FALSE(svg->LoadSVGFile(path, CVector3D(x, 0.0, 0.0))) << path;
+        EXPECT_FALSE(object->LoadSVGFile(path, CVector3D(x, 0.0, 0.0))) << path;
         EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] Qt-Item加载SVG失败"})) << path;
-        EXPECT_EQ(svg->GetSVGFile(), picture);
+        EXPECT_EQ(object->GetSVGFile(), picture);
         // Moved to the new centre with the size it had.
         EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(x * 10.0 - 20.0, -10.0, 40.0, 20.0)) << path;
         x += 1.0;
     }
     log.Clear();
-    EXPECT_FALSE(svg->LoadSVGFile("", CVector3D()));
+    EXPECT_FALSE(object->LoadSVGFile("", CVector3D()));
     CZoSVGMapObject loose;
     EXPECT_FALSE(loose.LoadSVGFile(picture, CVector3D())); // no map module: silent
     EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] MapModule传入为空"}));
@@ -111,44 +104,22 @@ TEST_F(SVG, FailedLoadsMoveTheOldPictureAndKeepThePath)
 
 TEST_F(SVG, ScalesAccumulateAndSingleAxisSettersSquareTheOtherAxis)
 {
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
-    svg->SetXYScale(2.0, 2.0);
-    svg->SetXYScale(2.0, 2.0);
-    EXPECT_EQ(svg->GetXScale(), 4.0);
-    EXPECT_EQ(svg->GetYScale(), 4.0);
-    svg->SetXScale(0.5);
-    EXPECT_EQ(svg->GetXScale(), 2.0);
-    EXPECT_EQ(svg->GetYScale(), 16.0);
-    svg->SetYScale(0.25);
-    EXPECT_EQ(svg->GetXScale(), 4.0);
-    EXPECT_EQ(svg->GetYScale(), 4.0);
+    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
+    object->SetXYScale(2.0, 2.0);
+    object->SetXYScale(2.0, 2.0);
+    EXPECT_EQ(object->GetXScale(), 4.0);
+    EXPECT_EQ(object->GetYScale(), 4.0);
+    object->SetXScale(0.5);
+    EXPECT_EQ(object->GetXScale(), 2.0);
+    EXPECT_EQ(object->GetYScale(), 16.0);
+    object->SetYScale(0.25);
+    EXPECT_EQ(object->GetXScale(), 4.0);
+    EXPECT_EQ(object->GetYScale(), 4.0);
     // The extent follows the drawn picture.
-    const EXTENT extent = svg->GetGeoExtent();
+    const EXTENT extent = object->GetGeoExtent();
     EXPECT_EQ(extent.xmax - extent.xmin, 16.0);
-    svg->SetXYScale(std::nan(""), 1.0);
-    EXPECT_EQ(svg->GetXScale(), 4.0);
-}
-
-TEST_F(SVG, PlacementKeepsTheRotation)
-{
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
-    svg->Rotate(-90.0);
-    EXPECT_EQ(svg->GetRotation(), 270.0);
-    svg->SetCenter(CVector3D(3.0, 4.0, 0.0));
-    EXPECT_EQ(Item()->pos(), QPointF(30.0, -40.0));
-    EXPECT_EQ(svg->GetCenter(), CVector3D(3.0, 4.0, 0.0));
-    svg->MoveBy(1.0, -1.0);
-    EXPECT_EQ(svg->GetCenter(), CVector3D(4.0, 3.0, 0.0));
-    svg->SetGeoExtent(EXTENT{0.0, 0.0, 8.0, 2.0});
-    EXPECT_EQ(svg->GetGeoExtent(), (EXTENT{0.0, 0.0, 8.0, 2.0}));
-    EXPECT_EQ(svg->GetRotation(), 270.0);
-    svg->Rotate(0.0);
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(0.0, -20.0, 80.0, 20.0));
-    // Stretched pictures follow their extent when the view zooms.
-    map.pixelsPerDegree = 20.0;
-    svg->UpdatePosition();
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(0.0, -40.0, 160.0, 40.0));
-    EXPECT_TRUE(log.Messages().empty());
+    object->SetXYScale(std::nan(""), 1.0);
+    EXPECT_EQ(object->GetXScale(), 4.0);
 }
 
 TEST_F(SVG, OperationsWithoutItemOrMapLogTheirTexts)
@@ -190,16 +161,16 @@ TEST_F(SVG, OperationsWithoutItemOrMapLogTheirTexts)
 
 TEST_F(SVG, ConvertToImageRastersTheItemsPictureAndCapsHugeOnes)
 {
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D()));
-    const QImage image = svg->ConvertToImage();
+    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D()));
+    const QImage image = object->ConvertToImage();
     ASSERT_EQ(image.size(), QSize(40, 20));
     EXPECT_EQ(image.format(), QImage::Format_ARGB32);
     EXPECT_EQ(image.pixelColor(5, 10), QColor(0x1e, 0x5a, 0xc8));
     EXPECT_EQ(image.pixelColor(35, 10), QColor(0xf0, 0x8c, 0x00));
 
-    ASSERT_TRUE(svg->LoadSVGFile(files.Write(QStringLiteral("huge.svg"), kHuge), CVector3D()));
+    ASSERT_TRUE(object->LoadSVGFile(files.Write(QStringLiteral("huge.svg"), kHuge), CVector3D()));
     log.Clear();
-    const QImage capped = svg->ConvertToImage();
+    const QImage capped = object->ConvertToImage();
     EXPECT_EQ(capped.size(), QSize(8192, 8192));
     EXPECT_EQ(capped.pixelColor(100, 100), QColor(0, 128, 0));
     EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::ConvertToImage] SVG尺寸过大, 图像已缩小到: 8192x8192"}));
@@ -220,8 +191,8 @@ TEST_F(SVG, ConvertSvgToImageKeepsItsInvertedTest)
 
 TEST_F(SVG, PaintsCentredAndCanvasPaintingMatches)
 {
-    ASSERT_TRUE(svg->LoadSVGFile(picture, CVector3D()));
-    svg->Rotate(90.0);
+    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D()));
+    object->Rotate(90.0);
     EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(-10.0, -20.0, 20.0, 40.0));
     QImage scene = BlankCanvas(60, 60);
     QPainter painter(&scene);
@@ -234,7 +205,7 @@ TEST_F(SVG, PaintsCentredAndCanvasPaintingMatches)
     QImage canvas = BlankCanvas(256, 256);
     painter.begin(&canvas);
     painter.translate(-98, -98); // level 0: (0, 0) is (128, 128), brought to (30, 30)
-    svg->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
     itemless->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr); // nothing loaded
     painter.end();
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 60, 60), QStringLiteral("svg_rotated"), 16, 8), QString());

@@ -1,5 +1,5 @@
 #include "support/ImageCompare.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 #include "support/ScratchFiles.h"
 
 #include "content/text/CZoTextMapObject.h"
@@ -21,18 +21,10 @@ using Messages = std::vector<std::string>;
 // 1000 on Qt 6's.
 constexpr int kHeaviestWeight = QT_VERSION_MAJOR >= 6 ? 1000 : 99;
 
-class Text : public ModuleFixture
+class Text : public KindFixture<TextKind>
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("texts");
-        text = module.CreateTextMapObject("text", layer);
-        ASSERT_NE(text, nullptr);
-        log.Clear();
-    }
-    QGraphicsTextItem* Item() const { return static_cast<QGraphicsTextItem*>(text->GetQtItem()); }
+    QGraphicsTextItem* Item() const { return static_cast<QGraphicsTextItem*>(object->GetQtItem()); }
     QTextDocument* Document() const { return Item()->document(); }
     // The character format in force at a document position.
     QTextCharFormat FormatAt(int position) const
@@ -50,26 +42,7 @@ protected:
             map.Scene()->sendEvent(Item(), &press);
         }
     }
-
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoTextMapObject* text = nullptr;
 };
-
-TEST_F(Text, StartsWithItsOwnDefaults)
-{
-    EXPECT_EQ(text->GetTextColor(), QColor(Qt::red));
-    EXPECT_EQ(text->GetOutlineColor(), QColor(Qt::black));
-    EXPECT_EQ(text->GetOutlineWidth(), 1.0);
-    EXPECT_EQ(text->GetPadding(), 0.0);
-    EXPECT_EQ(text->GetBorderWidth(), 0.0);
-    EXPECT_EQ(text->GetBorderColor(), QColor(0, 0, 0, 0));
-    EXPECT_EQ(text->GetBackgroundColor(), QColor(0, 0, 0, 0));
-    EXPECT_EQ(text->GetFont().family(), QString::fromUtf8("微软雅黑"));
-    EXPECT_EQ(text->GetFont().pointSize(), 12);
-    EXPECT_TRUE(text->IsScaleWithMap());
-    EXPECT_FALSE(text->IsTextInteractionEnabled());
-    EXPECT_EQ(text->GetText(), "");
-}
 
 TEST_F(Text, StoredTextAnswersByModeWithoutAnItem)
 {
@@ -93,16 +66,16 @@ TEST_F(Text, FormatsAreReadBackFromTheDocumentAndSurviveReloads)
 {
     QFont font(QStringLiteral("DejaVu Sans"), 20);
     font.setWeight(QFont::Normal);
-    text->SetFont(font);
-    text->SetTextColor(QColor(10, 20, 30));
-    text->SetOutlineColor(QColor(200, 100, 0));
-    text->SetOutlineWidth(2.5);
-    text->SetPadding(4.0);
-    text->SetBorderWidth(1.5);
-    text->SetBorderColor(QColor(0, 0, 255));
-    text->SetBackgroundColor(QColor(255, 255, 0, 128));
-    text->SetText(Gb18030(QString::fromUtf8("北京\nBeijing")));
-    text->SetHtml("<p>one <i>two</i></p>");
+    object->SetFont(font);
+    object->SetTextColor(QColor(10, 20, 30));
+    object->SetOutlineColor(QColor(200, 100, 0));
+    object->SetOutlineWidth(2.5);
+    object->SetPadding(4.0);
+    object->SetBorderWidth(1.5);
+    object->SetBorderColor(QColor(0, 0, 255));
+    object->SetBackgroundColor(QColor(255, 255, 0, 128));
+    object->SetText(Gb18030(QString::fromUtf8("北京\nBeijing")));
+    object->SetHtml("<p>one <i>two</i></p>");
     for (int position : {1, 5})
     {
         const QTextCharFormat format = FormatAt(position);
@@ -122,48 +95,48 @@ TEST_F(Text, FormatsAreReadBackFromTheDocumentAndSurviveReloads)
     EXPECT_EQ(frame.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
     EXPECT_EQ(frame.margin(), 0.0);
 
-    text->SetOutlineWidth(0.0);
+    object->SetOutlineWidth(0.0);
     EXPECT_EQ(FormatAt(1).textOutline().style(), Qt::NoPen);
 }
 
 TEST_F(Text, TypedKeysFlowBackInPlainAndHtmlMode)
 {
-    text->SetText("ab");
-    text->SetInteractive(true);
-    text->EnableTextInteraction(true);
-    ASSERT_TRUE(text->IsTextInteractionEnabled());
+    object->SetText("ab");
+    object->SetInteractive(true);
+    object->EnableTextInteraction(true);
+    ASSERT_TRUE(object->IsTextInteractionEnabled());
     QTextCursor cursor = Item()->textCursor();
     cursor.movePosition(QTextCursor::End);
     Item()->setTextCursor(cursor);
     Type(QStringLiteral("cd"));
-    EXPECT_EQ(text->GetText(), "abcd");
+    EXPECT_EQ(object->GetText(), "abcd");
     // Typed text takes the object's look at once.
     EXPECT_EQ(FormatAt(4).intProperty(QTextFormat::FontWeight), kHeaviestWeight);
 
-    text->SetHtml("<b>x</b>");
+    object->SetHtml("<b>x</b>");
     cursor = Item()->textCursor();
     cursor.movePosition(QTextCursor::End);
     Item()->setTextCursor(cursor);
     Type(QString::fromUtf8("长"));
-    EXPECT_NE(text->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
+    EXPECT_NE(object->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
 
     // The stored text is the edited one: without the item it is what is left.
-    text->EnableTextInteraction(false);
-    EXPECT_FALSE(text->IsTextInteractionEnabled());
+    object->EnableTextInteraction(false);
+    EXPECT_FALSE(object->IsTextInteractionEnabled());
     EXPECT_FALSE(Item()->flags().testFlag(QGraphicsItem::ItemIsFocusable));
-    text->Unintialise();
-    EXPECT_NE(text->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
-    EXPECT_EQ(text->GetText(), "");
+    object->Unintialise();
+    EXPECT_NE(object->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
+    EXPECT_EQ(object->GetText(), "");
 }
 
 TEST_F(Text, InteractionNeedsAPresentedVisibleItem)
 {
-    text->SetVisible(false);
-    text->EnableTextInteraction(true);
-    text->SetVisible(true);
-    text->RemoveFromScene();
-    text->EnableTextInteraction(true);
-    EXPECT_FALSE(text->IsTextInteractionEnabled());
+    object->SetVisible(false);
+    object->EnableTextInteraction(true);
+    object->SetVisible(true);
+    object->RemoveFromScene();
+    object->EnableTextInteraction(true);
+    EXPECT_FALSE(object->IsTextInteractionEnabled());
     layer->SetAutoAdd(false);
     module.CreateTextMapObject("loose", layer)->EnableTextInteraction(true);
     EXPECT_EQ(log.Messages(), (Messages{"[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
@@ -173,9 +146,9 @@ TEST_F(Text, InteractionNeedsAPresentedVisibleItem)
 
 TEST_F(Text, ClicksOnAnEditableTextAreRecordedAndGoOnToTheView)
 {
-    text->SetText("click");
-    text->SetInteractive(true);
-    text->EnableTextInteraction(true);
+    object->SetText("click");
+    object->SetInteractive(true);
+    object->EnableTextInteraction(true);
     QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
     press.setButton(Qt::LeftButton);
     press.accept();
@@ -183,57 +156,39 @@ TEST_F(Text, ClicksOnAnEditableTextAreRecordedAndGoOnToTheView)
     EXPECT_FALSE(press.isAccepted());
     const QVariantList hits = map.GetEventObject()->property("Scene_MousePress").toList();
     ASSERT_EQ(hits.size(), 1);
-    EXPECT_EQ(hits[0].toInt(), text->GetObjectID());
+    EXPECT_EQ(hits[0].toInt(), object->GetObjectID());
 }
 
 TEST_F(Text, AnglesNormaliseAndTheVectorCarriesIt)
 {
-    text->SetRotateAngle(370.0);
-    EXPECT_EQ(text->GetRotateAngle(), 10.0);
+    object->SetRotateAngle(370.0);
+    EXPECT_EQ(object->GetRotateAngle(), 10.0);
     EXPECT_EQ(Item()->rotation(), 10.0);
-    text->SetRotationVector(CVector3D(1.0, 2.0, -30.0));
-    EXPECT_EQ(text->GetRotationVector(), CVector3D(1.0, 2.0, -30.0));
-    EXPECT_EQ(Item()->rotation(), text->GetRotateAngle());
-    text->SetRotateAngle(std::nan(""));
-    EXPECT_EQ(Item()->rotation(), text->GetRotateAngle());
+    object->SetRotationVector(CVector3D(1.0, 2.0, -30.0));
+    EXPECT_EQ(object->GetRotationVector(), CVector3D(1.0, 2.0, -30.0));
+    EXPECT_EQ(Item()->rotation(), object->GetRotateAngle());
+    object->SetRotateAngle(std::nan(""));
+    EXPECT_EQ(Item()->rotation(), object->GetRotateAngle());
     // The base edit angle stays silent for text.
-    text->SetEditAngle(40.0);
-    EXPECT_EQ(text->GetEditAngle(), 0.0);
+    object->SetEditAngle(40.0);
+    EXPECT_EQ(object->GetEditAngle(), 0.0);
 }
 
 TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
 {
     map.ChangeViewScale(4.0);
     EXPECT_EQ(Item()->scale(), 0.25);
-    text->SetScaleWithMap(false);
+    object->SetScaleWithMap(false);
     EXPECT_EQ(Item()->scale(), 1.0);
     map.ChangeViewScale(2.0);
     EXPECT_EQ(Item()->scale(), 1.0);
     // Rebuild follows the map's scale whatever the switch says.
-    text->Rebuild(8.0);
+    object->Rebuild(8.0);
     EXPECT_EQ(Item()->scale(), 0.125);
-    text->Rebuild(0.0);
-    text->Rebuild(-3.0);
-    text->SetResolution(0.0);
+    object->Rebuild(0.0);
+    object->Rebuild(-3.0);
+    object->SetResolution(0.0);
     EXPECT_EQ(Item()->scale(), 0.125);
-}
-
-TEST_F(Text, PositionIsTheTopLeftCorner)
-{
-    text->SetText("corner");
-    text->SetPosition(CVector3D(3.0, 4.0, 0.0));
-    EXPECT_EQ(Item()->pos(), QPointF(30.0, -40.0));
-    EXPECT_EQ(Item()->boundingRect().topLeft(), QPointF(0.0, 0.0));
-}
-
-TEST_F(Text, InvalidGb18030BytesDoNotBreakTheText)
-{
-    const std::string bad("ok\x81\x30\xff\x81", 6);
-    text->SetText(bad);
-    EXPECT_TRUE(text->GetText().rfind("ok", 0) == 0);
-    EXPECT_FALSE(Item()->boundingRect().isEmpty());
-    const CAABB box = CalculateTextBoundingBox(bad, text->GetFont(), CVector3D(1.0, 1.0, 0.0), 1.0);
-    EXPECT_FALSE(box.IsEmpty());
 }
 
 // --- measuring -------------------------------------------------------------------
@@ -263,20 +218,13 @@ TEST(TextBoundingBox, MeasuresTheLongestLineByCharactersAndEveryLine)
     EXPECT_DOUBLE_EQ(box.min.y, y);
 }
 
-TEST(TextBoundingBox, NonFinitePositionsGiveAnEmptyBox)
-{
-    const QFont font;
-    EXPECT_TRUE(CalculateTextBoundingBox("x", font, CVector3D(std::nan(""), 0.0, 0.0), 1.0).IsEmpty());
-    EXPECT_TRUE(CalculateTextBoundingBox("x", font, CVector3D(0.0, 0.0, 0.0), HUGE_VAL).IsEmpty());
-}
-
 TEST_F(Text, ObjectBoxUsesTheWholeMapScale)
 {
-    text->SetText("abc");
-    text->SetPosition(CVector3D(10.0, 20.0, 0.0));
+    object->SetText("abc");
+    object->SetPosition(CVector3D(10.0, 20.0, 0.0));
     map.viewScale = 2.7; // the host's scale counts in whole steps: 2
-    const CAABB box = text->GetBoundingBox();
-    const CAABB expected = CalculateTextBoundingBox("abc", text->GetFont(), CVector3D(10.0, 20.0, 0.0), 0.5);
+    const CAABB box = object->GetBoundingBox();
+    const CAABB expected = CalculateTextBoundingBox("abc", object->GetFont(), CVector3D(10.0, 20.0, 0.0), 0.5);
     EXPECT_EQ(box.max.x, expected.max.x);
     EXPECT_EQ(box.min.y, expected.min.y);
 }
@@ -286,21 +234,21 @@ TEST_F(Text, ObjectBoxUsesTheWholeMapScale)
 namespace
 {
 // Outlined text in a framed, tinted box: what the reference shows.
-void StyleForPainting(IZoTextMapObject* text)
+void StyleForPainting(IZoTextMapObject* object)
 {
-    text->SetFont(QFont(QStringLiteral("DejaVu Sans"), 18));
-    text->SetOutlineWidth(1.0);
-    text->SetBackgroundColor(QColor(220, 230, 255));
-    text->SetBorderWidth(2.0);
-    text->SetBorderColor(QColor(40, 60, 160));
-    text->SetPadding(3.0);
-    text->SetText("Zo map");
+    object->SetFont(QFont(QStringLiteral("DejaVu Sans"), 18));
+    object->SetOutlineWidth(1.0);
+    object->SetBackgroundColor(QColor(220, 230, 255));
+    object->SetBorderWidth(2.0);
+    object->SetBorderColor(QColor(40, 60, 160));
+    object->SetPadding(3.0);
+    object->SetText("Zo map");
 }
 } // namespace
 
 TEST_F(Text, OutlinedTextMatchesItsReference)
 {
-    StyleForPainting(text);
+    StyleForPainting(object);
     QImage image = BlankCanvas(160, 60);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,4 +1,4 @@
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "content/widget/CZoWidgetMapObject.h"
 
@@ -11,27 +11,15 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
-class Widget : public ModuleFixture
+class Widget : public KindFixture<WidgetKind>
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("widgets");
-        object = module.CreateWidgetMapObject("widget", layer);
-        ASSERT_NE(object, nullptr);
-        log.Clear();
-    }
     QGraphicsProxyWidget* Item() const { return static_cast<QGraphicsProxyWidget*>(object->GetQtItem()); }
     QVariant Property(const char* name) { return map.GetEventObject()->property(name); }
-
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoWidgetMapObject* object = nullptr;
 };
 
 TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
 {
-    EXPECT_EQ(module.LookupWidgetMapObject("widget"), object);
     QWidget first;
     first.resize(200, 100);
     object->SetWidget(&first);

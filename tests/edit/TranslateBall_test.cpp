@@ -58,26 +58,6 @@ TEST_F(TranslateBallTest, CreatorsJoinTheHostChainAndPutHandlesOnTheirLayer)
     module.DestroyGraphicsEditObject(nullptr);
 }
 
-TEST_F(TranslateBallTest, MainDotIsAMarkedInteractiveHandle)
-{
-    ball->AttachEditableUser(&user);
-    IZoDotMapObject* dot = ball->GetDot();
-    ASSERT_NE(dot, nullptr);
-    EXPECT_EQ(dot->GetName(), "CustomEditDot");
-    EXPECT_DOUBLE_EQ(dot->GetRadius(), 6.0);
-    EXPECT_EQ(dot->GetBrushColor(), QColor(Qt::white));
-    EXPECT_EQ(dot->GetPenColor(), QColor(Qt::black));
-    EXPECT_FLOAT_EQ(dot->GetPenWidth(), 2.0f);
-    EXPECT_TRUE(dot->GetUserData(0).toBool());
-    EXPECT_TRUE(dot->IsAlwaysRebuild());
-    EXPECT_TRUE(dot->IsInteractive());
-    EXPECT_FALSE(dot->IsNameVisible());
-    EXPECT_EQ(dot->GetPosition(), user.position);
-    EXPECT_TRUE(ball->IsVisible());
-    EXPECT_TRUE(ball->IsEditObjectHandle(dot->GetObjectID()));
-    EXPECT_FALSE(ball->IsEditObjectHandle(dot->GetObjectID() + 1000));
-}
-
 TEST_F(TranslateBallTest, DefaultUserDragMovesTheDotAndRestoresTheCursor)
 {
     ball->AttachEditableUser(&user);
@@ -199,19 +179,6 @@ TEST_F(TranslateBallTest, AttachDetachAndReplaceUsers)
     EXPECT_TRUE(ball->IsShown());
     ball->SetVisible(false);
     EXPECT_FALSE(ball->IsShown());
-}
-
-TEST_F(TranslateBallTest, OneUserServesTwoGadgets)
-{
-    CTranslateBall* second = static_cast<CTranslateBall*>(module.CreateTranslateEditObject(nullptr));
-    ball->AttachEditableUser(&user);
-    second->AttachEditableUser(&user);
-    Drag({});
-    second->OnMousePress(&view, 0, 0, second->GetDot()->GetObjectID());
-    // A press on one gadget's dot is not the other's business.
-    EXPECT_FALSE(second->OnMousePress(&view, 0, 0, DotId()));
-    EXPECT_EQ(user.editors, (std::vector<IZoGraphicsEditObject*>{ball, second}));
-    module.DestroyGraphicsEditObject(second);
 }
 
 TEST_F(TranslateBallTest, UnintialiseDestroysHandlesEvenAfterTheModule)

@@ -24,18 +24,6 @@ const GeoPoint kPlaces[] = {{116.4074, 39.9042}, {-73.9857, 40.7484}, {0.0, 0.0}
                             {-179.5, -60.0},     {179.9, 84.0}};
 } // namespace
 
-TEST(MapHostModule, ExposesItsSceneEventObjectAndDefaults)
-{
-    CZoMapModule module;
-    IZoMapModule& map = module;
-    EXPECT_NE(map.GetScene(), nullptr);
-    EXPECT_NE(map.GetEventObject(), nullptr);
-    EXPECT_NE(static_cast<QObject*>(map.GetScene()), map.GetEventObject());
-    EXPECT_EQ(map.GetTileModelKind(), 1);
-    EXPECT_EQ(module.GetTileModel(), ITileModel::GetTileModel(1, true));
-    EXPECT_DOUBLE_EQ(map.GetViewScale(), 1.0);
-}
-
 TEST(MapHostModule, ConversionsRoundTripAtSeveralZooms)
 {
     for (int kind : {1, 2})

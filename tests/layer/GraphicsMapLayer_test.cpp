@@ -13,25 +13,6 @@ protected:
     IZoGraphicsMapLayer* layer = nullptr;
 };
 
-TEST_F(GraphicsMapLayer, StartsWithItsDefaults)
-{
-    EXPECT_EQ(layer->GetZValue(), 400);
-    EXPECT_TRUE(layer->IsVisible());
-    EXPECT_FALSE(layer->IsNameVisible());
-    EXPECT_TRUE(layer->IsInScene());
-    EXPECT_TRUE(layer->IsAutoAdd());
-    EXPECT_EQ(layer->GetMinLodLevel(), 0);
-    EXPECT_EQ(layer->GetMaxLodLevel(), 21);
-    EXPECT_EQ(layer->GetNameMinLodLevel(), 0);
-    EXPECT_EQ(layer->GetNameMaxLodLevel(), 21);
-    EXPECT_EQ(layer->GetLevelLimit(), 17);
-    EXPECT_FALSE(layer->IsShapeCacheEnabled());
-    EXPECT_FALSE(layer->IsSimplifyEnabled());
-    EXPECT_EQ(layer->ReservedLayerSlot17(), 0);
-    layer->EnableShapeCache();
-    EXPECT_TRUE(layer->IsShapeCacheEnabled());
-}
-
 TEST_F(GraphicsMapLayer, AttachingTwiceKeepsOneEntryAndLeavesZAlone)
 {
     IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);

@@ -60,14 +60,6 @@ protected:
     IZoDotMapObject* high = nullptr;
 };
 
-TEST_F(LabelDeclutter, OffByDefaultEveryLabelIsDrawn)
-{
-    EXPECT_FALSE(declutter->IsLabelDeclutter());
-    const QImage frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(255, 0, 0)), 20);
-    EXPECT_GT(Count(frame, qRgb(0, 0, 255)), 20);
-}
-
 TEST_F(LabelDeclutter, TheHigherZWinsAndBothObjectsStillDrawAndHit)
 {
     high->SetZValue(500);

@@ -81,55 +81,6 @@ TEST_F(NameIndex, ObjectsOutlivingTheirModuleCanStillBeRenamed)
     }
 }
 
-// Long random sequences of creations, renames and destructions, each followed
-// by lookups compared with a plain model.
-TEST_F(NameIndex, RandomSequencesAgreeWithAPlainModel)
-{
-    std::mt19937 random(7);
-    auto name = [&random] { return "n" + std::to_string(std::uniform_int_distribution<int>(0, 11)(random)); };
-    IZoGraphicsMapLayer* other = module.CreateGraphicsLayer("other");
-    std::map<int, std::pair<IZoDotMapObject*, std::string>> model; // id -> object, name
-    for (int step = 0; step < 4000; ++step)
-    {
-        const int action = std::uniform_int_distribution<int>(0, 9)(random);
-        if (action < 4 || model.empty())
-        {
-            const std::string n = name();
-            IZoDotMapObject* dot = module.CreateDotMapObject(n, action % 2 ? other : nullptr);
-            ASSERT_NE(dot, nullptr);
-            model[dot->GetObjectID()] = {dot, n};
-        }
-        else
-        {
-            auto it = model.begin();
-            std::advance(it, std::uniform_int_distribution<size_t>(0, model.size() - 1)(random));
-            if (action < 7)
-            {
-                it->second.second = name();
-                it->second.first->SetName(it->second.second);
-            }
-            else
-            {
-                module.DestroyGraphicsMapObject(it->second.first);
-                model.erase(it);
-            }
-        }
-        const std::string probe = name();
-        IZoDotMapObject* expected = nullptr;
-        for (const auto& entry : model)
-        {
-            if (entry.second.second == probe)
-            {
-                expected = entry.second.first;
-                break;
-            }
-        }
-        ASSERT_EQ(module.LookupGraphicObject(probe), expected) << "step " << step << " name " << probe;
-        ASSERT_EQ(module.LookupDotMapObject(probe), expected) << "step " << step;
-        ASSERT_EQ(module.LookupCircleMapObject(probe), nullptr);
-    }
-}
-
 // The index itself against a multimap, over many names so that the table
 // grows, probes collide and erasures shift slots back.
 TEST(NameIndexTable, AgreesWithAMultimapThroughGrowthAndErasure)

@@ -2,25 +2,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(StyleRecords, DefaultsCopyTheSharedColours)
-{
-    const SurfaceStyle surface;
-    EXPECT_EQ(surface.labelPosition, 1u);
-    EXPECT_EQ(surface.labelAlignment, 1u);
-    EXPECT_EQ(surface.penStyle, 1u);
-    EXPECT_EQ(surface.penWidth, 1.0f);
-    EXPECT_EQ(surface.penColor, QColor(0, 0, 255, 255));
-    EXPECT_EQ(surface.brushStyle, 1u);
-    EXPECT_EQ(surface.brushColor, QColor(139, 139, 139, 50));
-    EXPECT_TRUE(surface.brushTexture.isNull());
-
-    const LineStyle line;
-    EXPECT_EQ(line.labelPosition, 0u);
-    EXPECT_EQ(line.penColor, QColor(0, 0, 255, 255));
-    EXPECT_FALSE(line.arrowVisible);
-    EXPECT_TRUE(line.arrowAtEnd);
-}
-
 TEST(StyleRecords, ZeroWidthMeansNoPenAndKeepsTheRest)
 {
     SurfaceStyle style;

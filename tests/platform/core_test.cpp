@@ -8,59 +8,12 @@
 #include <cmath>
 #include <limits>
 #include <set>
-#include <thread>
 #include <vector>
 
 namespace
 {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
-}
-
-TEST(CoreIds, UniqueAcrossThreads)
-{
-    constexpr int kThreads = 8;
-    constexpr int kPerThread = 10000;
-    std::vector<std::vector<int>> objectIds(kThreads);
-    std::vector<std::vector<int>> moduleIds(kThreads);
-    std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t)
-    {
-        threads.emplace_back([&, t] {
-            for (int i = 0; i < kPerThread; ++i)
-            {
-                objectIds[t].push_back(GenerateZoObjectID());
-                if (i % 10 == 0)
-                    moduleIds[t].push_back(GenerateZoModuleID());
-            }
-        });
-    }
-    for (auto& thread : threads)
-        thread.join();
-
-    std::set<int> objects;
-    std::set<int> modules;
-    for (int t = 0; t < kThreads; ++t)
-    {
-        objects.insert(objectIds[t].begin(), objectIds[t].end());
-        modules.insert(moduleIds[t].begin(), moduleIds[t].end());
-    }
-    EXPECT_EQ(objects.size(), static_cast<size_t>(kThreads * kPerThread));
-    EXPECT_EQ(modules.size(), static_cast<size_t>(kThreads * kPerThread / 10));
-    EXPECT_GE(*objects.begin(), 1);
-    EXPECT_GE(*modules.begin(), 1);
-}
-
-TEST(CoreIds, CountersAreIndependent)
-{
-    const int object = GenerateZoObjectID();
-    const int module = GenerateZoModuleID();
-    for (int i = 0; i < 5; ++i)
-        GenerateZoModuleID();
-    EXPECT_EQ(GenerateZoObjectID(), object + 1);
-    for (int i = 0; i < 5; ++i)
-        GenerateZoObjectID();
-    EXPECT_EQ(GenerateZoModuleID(), module + 6);
 }
 
 TEST(CoreIds, UuidIsVersion4AndUnique)
@@ -92,15 +45,6 @@ TEST(CoreMath, IsEqualDouble)
     EXPECT_TRUE(IsEqual(kInf, kInf));
     EXPECT_FALSE(IsEqual(kInf, -kInf));
     EXPECT_FALSE(IsEqual(kInf, DBL_MAX));
-}
-
-TEST(CoreMath, IsEqualFloat)
-{
-    EXPECT_TRUE(IsEqual(0.1f + 0.2f, 0.3f));
-    EXPECT_TRUE(IsEqual(1000.0f, std::nextafter(1000.0f, 2000.0f)));
-    EXPECT_FALSE(IsEqual(1.0f, 1.0001f));
-    EXPECT_FALSE(IsEqual(0.0f, 1.0e-5f));
-    EXPECT_FALSE(IsEqual(std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()));
 }
 
 TEST(CoreMath, NormalizeDegree)

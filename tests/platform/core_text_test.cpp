@@ -35,24 +35,10 @@ TEST(CoreText, RoundTripsThroughGb18030)
     }
 }
 
-TEST(CoreText, EmbeddedNulIsKeptInStdStrings)
-{
-    const std::string withNul("a\0b", 3);
-    const QString text = ConvertStdStringToQString(withNul);
-    ASSERT_EQ(text.size(), 3);
-    EXPECT_EQ(ConvertQStringToStdString(text), withNul);
-}
-
 TEST(CoreText, UnknownCodePageFallsBackToUtf8)
 {
     const QString text = QStringLiteral("北京 abc");
     EXPECT_EQ(ConvertQStringToStdString(text, "NO-SUCH-CODEPAGE"), text.toUtf8().toStdString());
     EXPECT_EQ(ConvertStdStringToQString(text.toUtf8().toStdString(), "NO-SUCH-CODEPAGE"), text);
     EXPECT_EQ(ConvertCharArrayToQString(text.toUtf8().constData(), nullptr), text);
-}
-
-TEST(CoreText, NullCharArrayIsEmpty)
-{
-    EXPECT_TRUE(ConvertCharArrayToQString(nullptr).isEmpty());
-    EXPECT_TRUE(ConvertCharArrayToQString(nullptr, "UTF-8").isEmpty());
 }

@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <limits>
-#include <thread>
 #include <vector>
 
 namespace
@@ -71,14 +70,6 @@ TEST(SrsTransform, GeographicToPseudoMercator)
     EXPECT_EQ(back.z, 55.0);
 }
 
-TEST(SrsTransform, SameSystemIsIdentity)
-{
-    LogCapture capture;
-    const CVector3D point(116.4074, 39.9042, 3.0);
-    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(point, Srs(4326), Srs(4326)), point);
-    EXPECT_TRUE(capture.Messages().empty());
-}
-
 TEST(SrsTransform, FailuresReturnTheInputAndWarn)
 {
     LogCapture capture;
@@ -109,26 +100,4 @@ TEST(SrsTransform, ReferencesFromAnotherFactoryWork)
     }
     EXPECT_NEAR(result.x, 0.0, 1e-6);
     EXPECT_NEAR(result.y, 0.0, 1e-6);
-}
-
-TEST(SrsTransform, ConcurrentTransformsAgree)
-{
-    const CVector3D expected = PseudoMercator(-73.9857, 40.7484);
-    std::vector<std::thread> threads;
-    std::vector<int> mismatches(4, 0);
-    for (int t = 0; t < 4; ++t)
-    {
-        threads.emplace_back([&, t] {
-            for (int i = 0; i < 500; ++i)
-            {
-                const CVector3D r =
-                    RxGDALUtilityNS::TransformGeoSRS_Point({-73.9857, 40.7484, 0.0}, Srs(4326), Srs(3857));
-                if (std::abs(r.x - expected.x) > 0.01 || std::abs(r.y - expected.y) > 0.01)
-                    ++mismatches[t];
-            }
-        });
-    }
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_EQ(mismatches, std::vector<int>(4, 0));
 }

@@ -40,18 +40,6 @@ void ExpectExtent(const EXTENT& actual, const EXTENT& expected)
 }
 }
 
-TEST(TileModelRegistry, OnlyMercatorAndGeodeticExistAndAreShared)
-{
-    ASSERT_NE(Mercator(), nullptr);
-    ASSERT_NE(Geodetic(), nullptr);
-    EXPECT_NE(Mercator(), Geodetic());
-    EXPECT_EQ(ITileModel::GetTileModel(1, true), Mercator());
-    EXPECT_EQ(ITileModel::GetTileModel(1, false), Mercator());
-    EXPECT_EQ(ITileModel::GetTileModel(2, false), Geodetic());
-    for (int kind : {0, 3, -1, 100})
-        EXPECT_EQ(ITileModel::GetTileModel(kind, true), nullptr) << kind;
-}
-
 TEST(TileModelDescription, MercatorScheme)
 {
     CTileModel* m = Mercator();
@@ -82,22 +70,6 @@ TEST(TileModelDescription, GeodeticScheme)
     EXPECT_DOUBLE_EQ(g->GetWorldPixelHeight(0), 256.0);
     EXPECT_DOUBLE_EQ(g->GetResolution(0), 0.703125);
     ExpectExtent(g->GetGeoExtent(), {-180.0, -90.0, 180.0, 90.0});
-}
-
-TEST(TileModelDescription, LevelsOutsideTheRangeHaveNoGrid)
-{
-    for (CTileModel* model : {Mercator(), Geodetic()})
-    {
-        EXPECT_TRUE(model->IsValidLevel(0));
-        EXPECT_TRUE(model->IsValidLevel(21));
-        for (int level : {-1, 22, 1000})
-        {
-            EXPECT_FALSE(model->IsValidLevel(level));
-            EXPECT_EQ(model->GetTileCountX(level), 0);
-            EXPECT_EQ(model->GetWorldPixelWidth(level), 0.0);
-            EXPECT_EQ(model->GetResolution(level), 0.0);
-        }
-    }
 }
 
 TEST(TileModelTiles, TileOfPointAndTileExtent)

@@ -1,26 +1,22 @@
-#include "support/EditGadgetFixture.h"
+#include "support/ModuleFixture.h"
 #include "support/MapObjectKinds.h"
 
 #include <ZoGraphics/ZoGraphics.h>
 
 #include <QGraphicsItem>
 #include <QGraphicsScene>
-#include <QImage>
 #include <QLabel>
-#include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
 #include <sstream>
 
-// Every setter of every kind and every edit gadget given values a careless or
-// broken host may pass: NaN, infinities, huge, negative and denormal numbers,
-// angles far past a turn, levels out of range, byte strings that are not
-// GB18030. Whatever the library stores, Qt must never see a non-finite number
-// (its BSP index and painters misbehave for good once it does), and the
-// object must behave as new once it is given sensible values again.
+// Every setter of every kind given values a careless or broken host may pass:
+// NaN, infinities, huge, negative and denormal numbers, levels out of range,
+// byte strings that are not GB18030. The setters fuzzer checks that nothing
+// non-finite reaches Qt; here the object must behave as new once it is given
+// sensible values again.
 namespace
 {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -50,62 +46,6 @@ const std::vector<Hostile>& HostileValues()
         {"2^31", 2147483648.0, 22, "\xd6\xd0"},
     };
     return values;
-}
-
-bool Finite(double v)
-{
-    return std::isfinite(v);
-}
-bool Finite(const QPointF& p)
-{
-    return Finite(p.x()) && Finite(p.y());
-}
-bool Finite(const QRectF& r)
-{
-    return Finite(r.x()) && Finite(r.y()) && Finite(r.width()) && Finite(r.height());
-}
-bool Finite(const QTransform& t)
-{
-    return Finite(t.m11()) && Finite(t.m12()) && Finite(t.m13()) && Finite(t.m21()) && Finite(t.m22()) &&
-           Finite(t.m23()) && Finite(t.m31()) && Finite(t.m32()) && Finite(t.m33());
-}
-
-std::string Describe(const QGraphicsItem* item)
-{
-    std::ostringstream out;
-    const QRectF b = item->boundingRect();
-    out << typeid(*item).name() << " pos " << item->pos().x() << "," << item->pos().y() << " rect " << b.x() << ","
-        << b.y() << " " << b.width() << "x" << b.height();
-    return out.str();
-}
-
-// The first item with a non-finite number in its geometry, or "".
-std::string FirstNonFinite(QGraphicsScene* scene)
-{
-    for (QGraphicsItem* item : scene->items())
-        if (!Finite(item->pos()) || !Finite(item->boundingRect()) || !Finite(item->sceneBoundingRect()) ||
-            !Finite(item->sceneTransform()) || !Finite(item->shape().boundingRect()))
-            return Describe(item);
-    if (!Finite(scene->itemsBoundingRect()) || !Finite(scene->sceneRect()))
-        return "scene index";
-    return "";
-}
-
-// Paints the scene as a view would, whole and in part, and hit-tests it.
-void RenderAndHit(QGraphicsScene* scene)
-{
-    QImage image(48, 32, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    {
-        QPainter painter(&image);
-        scene->render(&painter, QRectF(image.rect()), QRectF(-300, -300, 600, 400));
-        painter.setRenderHint(QPainter::Antialiasing);
-        scene->render(&painter);
-    }
-    for (const QPointF& at : {QPointF(100, -100), QPointF(0, 0), QPointF(105, -100)})
-        for (QGraphicsItem* item : scene->items(at))
-            item->contains(item->mapFromScene(at));
-    scene->items(QRectF(-1000, -1000, 2000, 2000), Qt::IntersectsItemShape);
 }
 
 // The geometry Qt sees of an item and its children, for comparing an object
@@ -139,7 +79,7 @@ bool Near(const QRectF& a, const QRectF& b)
 bool Near(const Geometry& a, const Geometry& b)
 {
     return Near(a.pos.x(), b.pos.x()) && Near(a.pos.y(), b.pos.y()) && Near(a.rect, b.rect) &&
-           Near(a.sceneRect, b.sceneRect) && Finite(a.transform) && a.transform == b.transform &&
+           Near(a.sceneRect, b.sceneRect) && a.transform == b.transform &&
            a.visible == b.visible;
 }
 
@@ -401,25 +341,6 @@ void GiveValidValues(IZoGraphicsMapObject* o, FakeMapModule& map, QWidget* widge
     o->Rebuild(1.0);
 }
 
-// Runs the steps after a hostile value: a check, a zoom to another level and
-// back, a paint and hit test, each followed by a check. Answers the first
-// failure, or "".
-std::string Exercise(FakeMapModule& map)
-{
-    std::string bad = FirstNonFinite(map.Scene());
-    if (!bad.empty())
-        return "after the setter: " + bad;
-    const int level = map.lod;
-    map.ChangeLod(level == 11 ? 12 : 11);
-    map.ChangeLod(level);
-    if (!(bad = FirstNonFinite(map.Scene())).empty())
-        return "after a zoom: " + bad;
-    RenderAndHit(map.Scene());
-    if (!(bad = FirstNonFinite(map.Scene())).empty())
-        return "after painting: " + bad;
-    return "";
-}
-
 // Reported once per kind or gadget, with the first few failures spelled out,
 // so that a regression in a shared path does not bury the output under
 // thousands.
@@ -462,15 +383,11 @@ TYPED_TEST(HostileValuesTest, NothingNonFiniteReachesQtAndValidValuesRestoreTheO
                 break; // not this kind's setter: no value will apply either
             }
             ++applied;
-            if (const std::string bad = Exercise(this->map); !bad.empty())
-                failures.push_back(where + bad);
 
             GiveValidValues(subject, this->map, &subjectWidget);
             IZoGraphicsMapObject* fresh = TypeParam::Create(this->module, "fresh", nullptr);
             ASSERT_NE(fresh, nullptr);
             GiveValidValues(fresh, this->map, &freshWidget);
-            if (const std::string bad = Exercise(this->map); !bad.empty())
-                failures.push_back(where + "given valid values again, " + bad);
             std::vector<Geometry> was, now;
             Collect(subject->GetQtItem(), was);
             Collect(fresh->GetQtItem(), now);
@@ -488,113 +405,4 @@ TYPED_TEST(HostileValuesTest, NothingNonFiniteReachesQtAndValidValuesRestoreTheO
     ExpectNoFailures(failures);
 }
 
-// The gadgets build their handles from what the host's user answers, so a
-// user that answers hostile values is as dangerous as a hostile setter.
-using GadgetMaker = IZoGraphicsEditObject* (IZoGraphicsModule::*)(IZoGraphicsMapLayer*);
-struct GadgetCase
-{
-    const char* name;
-    GadgetMaker make;
-};
-
-class HostileGadgetTest : public ModuleFixture, public ::testing::WithParamInterface<GadgetCase>
-{
-protected:
-    static void GiveValidUser(RecordingEditableUser& user)
-    {
-        user.position = CVector3D(10.0, 10.0, 0.0);
-        user.rotation = 30.0;
-        user.controlPoint = CVector3D(10.0, 11.0, 0.0);
-        user.box = EXTENT{9.0, 9.0, 11.0, 10.5};
-        user.points = {CVector3D(10, 10, 0), CVector3D(11, 10, 0), CVector3D(11, 11, 0)};
-    }
-    // The handles' geometry, in the order of their object ids.
-    std::vector<Geometry> HandleGeometry(IZoGraphicsEditObject* gadget)
-    {
-        std::vector<std::pair<int, const QGraphicsItem*>> handles;
-        for (QGraphicsItem* item : map.Scene()->items())
-            if (item->data(100).toBool() && gadget->IsEditObjectHandle(item->data(101).toInt()))
-                handles.emplace_back(item->data(101).toInt(), item);
-        std::sort(handles.begin(), handles.end());
-        std::vector<Geometry> out;
-        for (const auto& handle : handles)
-            Collect(handle.second, out);
-        return out;
-    }
-};
-
-TEST_P(HostileGadgetTest, NothingNonFiniteReachesQtAndValidAnswersRestoreTheHandles)
-{
-    using Answer = std::function<void(RecordingEditableUser&, IZoGraphicsEditObject*, const Hostile&)>;
-    const std::vector<std::pair<const char*, Answer>> answers{
-        {"position", [](RecordingEditableUser& u, IZoGraphicsEditObject*, const Hostile& v) { u.position = All(v); }},
-        {"rotation", [](RecordingEditableUser& u, IZoGraphicsEditObject*, const Hostile& v) { u.rotation = v.d; }},
-        {"control point",
-         [](RecordingEditableUser& u, IZoGraphicsEditObject*, const Hostile& v) { u.controlPoint = All(v); }},
-        {"box", [](RecordingEditableUser& u, IZoGraphicsEditObject*, const Hostile& v) { u.box = Box(v); }},
-        {"whole box",
-         [](RecordingEditableUser& u, IZoGraphicsEditObject*, const Hostile& v) { u.box = EXTENT{v.d, v.d, v.d, v.d}; }},
-        {"points",
-         [](RecordingEditableUser& u, IZoGraphicsEditObject*, const Hostile& v) {
-             u.points = {CVector3D(10, 10, 0), All(v), OnlyY(v)};
-         }},
-        {"editor point",
-         [](RecordingEditableUser&, IZoGraphicsEditObject* g, const Hostile& v) { g->SetEditorPoint(All(v), 0); }},
-        {"added key point",
-         [](RecordingEditableUser&, IZoGraphicsEditObject* g, const Hostile& v) { g->AddKeyPoint(true, OnlyY(v)); }},
-        {"view scale",
-         [this](RecordingEditableUser&, IZoGraphicsEditObject*, const Hostile& v) { map.ChangeViewScale(v.d); }},
-        {"NaN conversions",
-         [this](RecordingEditableUser&, IZoGraphicsEditObject*, const Hostile&) { map.nanConversions = true; }},
-    };
-    std::vector<std::string> failures;
-    for (const auto& [name, answer] : answers)
-        for (const Hostile& value : HostileValues())
-        {
-            const std::string where = std::string(name) + " " + value.label + ": ";
-            RecordingEditableUser user, freshUser;
-            GiveValidUser(user);
-            GiveValidUser(freshUser);
-            IZoGraphicsEditObject* gadget = (module.*GetParam().make)(nullptr);
-            ASSERT_NE(gadget, nullptr);
-            gadget->AttachEditableUser(&user);
-            answer(user, gadget, value);
-            gadget->DetachEditableUser();
-            gadget->AttachEditableUser(&user);
-            for (int kind = 0; kind < 8; ++kind)
-                gadget->UpdateEditor(kind);
-            if (const std::string bad = Exercise(map); !bad.empty())
-                failures.push_back(where + bad);
-
-            map.nanConversions = false;
-            map.ChangeViewScale(1.0);
-            GiveValidUser(user);
-            gadget->DetachEditableUser();
-            gadget->AttachEditableUser(&user);
-            for (int kind = 0; kind < 8; ++kind)
-                gadget->UpdateEditor(kind);
-            IZoGraphicsEditObject* fresh = (module.*GetParam().make)(nullptr);
-            ASSERT_NE(fresh, nullptr);
-            fresh->AttachEditableUser(&freshUser);
-            for (int kind = 0; kind < 8; ++kind)
-                fresh->UpdateEditor(kind);
-            if (const std::string bad = Exercise(map); !bad.empty())
-                failures.push_back(where + "given valid answers again, " + bad);
-            // A key point added from outside stays added, as it would with a
-            // valid value; the rest must match.
-            if (std::string(name) != "added key point")
-                if (const std::string differs = Mismatch(HandleGeometry(gadget), HandleGeometry(fresh)); !differs.empty())
-                    failures.push_back(where + "not as a fresh gadget: " + differs);
-            module.DestroyGraphicsEditObject(fresh);
-            module.DestroyGraphicsEditObject(gadget);
-        }
-    ExpectNoFailures(failures);
-}
-
-INSTANTIATE_TEST_SUITE_P(EveryGadget, HostileGadgetTest,
-                         ::testing::Values(GadgetCase{"Translate", &IZoGraphicsModule::CreateTranslateEditObject},
-                                           GadgetCase{"Scale", &IZoGraphicsModule::CreateScaleEditObject},
-                                           GadgetCase{"Rotation", &IZoGraphicsModule::CreateRotationEditObject},
-                                           GadgetCase{"KeyPointSet", &IZoGraphicsModule::CreateKeyPointSetEditObject}),
-                         [](const ::testing::TestParamInfo<GadgetCase>& info) { return std::string(info.param.name); });
 } // namespace

@@ -1,5 +1,5 @@
 #include "support/ImageCompare.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "shapes/bubble/CZoBubbleMapObject.h"
 
@@ -15,40 +15,36 @@
 #include <limits>
 #include <memory>
 
-class Bubble : public ModuleFixture
+class Bubble : public KindFixture<BubbleKind>
 {
 protected:
     void SetUp() override
     {
-        ModuleFixture::SetUp();
-        bubble = module.CreateBubbleMapObject("bubble", nullptr);
-        ASSERT_NE(bubble, nullptr);
+        KindFixture::SetUp();
         label = std::make_unique<QLabel>(QStringLiteral("Beijing"));
         label->setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
         label->setFixedSize(90, 24);
-        bubble->SetWidget(label.get());
-        bubble->SetPosition(CVector3D(2.0, 3.0, 0.0));
-        bubble->SetInteractive(true);
+        object->SetWidget(label.get());
+        object->SetPosition(CVector3D(2.0, 3.0, 0.0));
+        object->SetInteractive(true);
         log.Clear();
     }
-    CBubbleItemQtImpl* Item() const { return static_cast<CZoBubbleMapObject*>(bubble)->GetItem(); }
+    CBubbleItemQtImpl* Item() const { return Impl()->GetItem(); }
     QGraphicsProxyWidget* Proxy() const
     {
         return static_cast<QGraphicsProxyWidget*>(Item()->childItems().value(0));
     }
 
     std::unique_ptr<QLabel> label; // the host's: outlives the module's objects
-    IZoBubbleMapObject* bubble = nullptr;
 };
 
 TEST_F(Bubble, TheTipStandsOnThePositionAndTheBoxNeverCoversIt)
 {
-    EXPECT_EQ(module.LookupBubbleMapObject("bubble"), bubble);
     EXPECT_EQ(Item()->pos(), QPointF(20.0, -30.0));
-    EXPECT_EQ(bubble->GetTailDirection(), E_BUBBLE_TAIL_BOTTOM);
+    EXPECT_EQ(object->GetTailDirection(), E_BUBBLE_TAIL_BOTTOM);
     for (int d = E_BUBBLE_TAIL_LEFT_TOP; d <= E_BUBBLE_TAIL_BOTTOM; ++d)
     {
-        bubble->SetTailDirection(static_cast<EZoBubbleTailDirection>(d));
+        object->SetTailDirection(static_cast<EZoBubbleTailDirection>(d));
         const QRectF box = Item()->Box();
         EXPECT_FALSE(box.adjusted(-4, -4, 4, 4).contains(QPointF(0.0, 0.0))) << d;
         EXPECT_TRUE(Item()->shape().contains(box.center())) << d;
@@ -56,53 +52,53 @@ TEST_F(Bubble, TheTipStandsOnThePositionAndTheBoxNeverCoversIt)
         EXPECT_TRUE(Item()->shape().contains(box.center() * 0.02)) << d;
         EXPECT_EQ(Proxy()->pos(), box.topLeft()) << d;
     }
-    bubble->SetTailDirection(static_cast<EZoBubbleTailDirection>(6));
-    EXPECT_EQ(bubble->GetTailDirection(), E_BUBBLE_TAIL_BOTTOM);
+    object->SetTailDirection(static_cast<EZoBubbleTailDirection>(6));
+    EXPECT_EQ(object->GetTailDirection(), E_BUBBLE_TAIL_BOTTOM);
 }
 
 TEST_F(Bubble, SizeFollowsTheWidgetUnlessGivenAndIgnoresTheZoom)
 {
-    const int width = bubble->GetWidth();
+    const int width = object->GetWidth();
     EXPECT_GE(width, 90 + 16);
-    EXPECT_GE(bubble->GetHeight(), 24 + 18);
+    EXPECT_GE(object->GetHeight(), 24 + 18);
     map.ChangeViewScale(4.0);
-    EXPECT_EQ(bubble->GetWidth(), width);
+    EXPECT_EQ(object->GetWidth(), width);
     EXPECT_TRUE(Item()->flags() & QGraphicsItem::ItemIgnoresTransformations);
 
-    bubble->SetSize(200, 90);
-    EXPECT_EQ(bubble->GetWidth(), 200);
-    EXPECT_EQ(bubble->GetHeight(), 90);
+    object->SetSize(200, 90);
+    EXPECT_EQ(object->GetWidth(), 200);
+    EXPECT_EQ(object->GetHeight(), 90);
     EXPECT_EQ(Proxy()->size(), QSizeF(200, 90));
-    bubble->SetSize(-5, 0); // nothing sensible asked: the widget decides again
-    EXPECT_EQ(bubble->GetWidth(), width);
+    object->SetSize(-5, 0); // nothing sensible asked: the widget decides again
+    EXPECT_EQ(object->GetWidth(), width);
 }
 
 TEST_F(Bubble, TheWidgetStaysTheHosts)
 {
     QWidget parent;
     QLabel second(QStringLiteral("second"), &parent);
-    bubble->SetWidget(&second);
+    object->SetWidget(&second);
     EXPECT_EQ(label->parentWidget(), nullptr);
     EXPECT_FALSE(label->isVisible());
-    bubble->SetWidget(label.get());
+    object->SetWidget(label.get());
     EXPECT_EQ(second.parentWidget(), &parent); // handed back where it came from
-    module.DestroyGraphicsMapObject(bubble);
+    module.DestroyGraphicsMapObject(object);
     EXPECT_EQ(label->parentWidget(), nullptr);
 }
 
 TEST_F(Bubble, AWidgetDeletedByTheHostLeavesAnEmptyBubble)
 {
     label.reset();
-    EXPECT_EQ(bubble->GetWidget(), nullptr);
-    bubble->SetSize(0, 0);
-    EXPECT_GE(bubble->GetWidth(), 48);
-    module.DestroyGraphicsMapObject(bubble);
+    EXPECT_EQ(object->GetWidget(), nullptr);
+    object->SetSize(0, 0);
+    EXPECT_GE(object->GetWidth(), 48);
+    module.DestroyGraphicsMapObject(object);
 }
 
 TEST_F(Bubble, PressesAndWheelTurnsAreTakenAndReported)
 {
     QObject* events = map.GetEventObject();
-    const QVariantList id{bubble->GetObjectID()};
+    const QVariantList id{object->GetObjectID()};
     QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
     press.setButton(Qt::LeftButton);
     map.Scene()->sendEvent(Item(), &press);
@@ -124,13 +120,13 @@ TEST_F(Bubble, TheCloseButtonHidesTheBubbleInTheSharedButtonStyle)
     EXPECT_TRUE(close->styleSheet().contains(QString::fromStdString(ZoGraphicsConstantNS::STR_BUTTON_STYLE)));
     close->click();
     EXPECT_FALSE(Item()->isVisible());
-    bubble->SetVisible(true);
+    object->SetVisible(true);
     EXPECT_TRUE(Item()->isVisible());
 }
 
 TEST_F(Bubble, NonFinitePositionsLogAndStayAtTheOrigin)
 {
-    bubble->SetPosition(CVector3D(std::numeric_limits<double>::infinity(), 0.0, 0.0));
+    object->SetPosition(CVector3D(std::numeric_limits<double>::infinity(), 0.0, 0.0));
     EXPECT_EQ(Item()->pos(), QPointF(0.0, 0.0));
     EXPECT_EQ(log.Messages(),
               std::vector<std::string>{"[CZoBubbleMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败"});
@@ -138,11 +134,11 @@ TEST_F(Bubble, NonFinitePositionsLogAndStayAtTheOrigin)
 
 TEST_F(Bubble, TailsInAllSixDirectionsMatchTheirReference)
 {
-    bubble->SetPosition(CVector3D(0.0, 0.0, 0.0));
+    object->SetPosition(CVector3D(0.0, 0.0, 0.0));
     QImage image = BlankCanvas(720, 300);
     for (int d = E_BUBBLE_TAIL_LEFT_TOP; d <= E_BUBBLE_TAIL_BOTTOM; ++d)
     {
-        bubble->SetTailDirection(static_cast<EZoBubbleTailDirection>(d));
+        object->SetTailDirection(static_cast<EZoBubbleTailDirection>(d));
         QPainter painter(&image);
         // Each direction in its own 240 by 150 cell, tip in the cell's middle.
         painter.translate(120 + 240 * (d % 3), 75 + 150 * (d / 3));
@@ -156,13 +152,13 @@ TEST_F(Bubble, TailsInAllSixDirectionsMatchTheirReference)
 
 TEST_F(Bubble, CanvasPaintingDrawsTheBoxAboveThePoint)
 {
-    bubble->SetPosition(CVector3D(0.0, 0.0, 0.0));
+    object->SetPosition(CVector3D(0.0, 0.0, 0.0));
     const QRectF box = Item()->Box();
     QImage canvas(256, 256, QImage::Format_ARGB32);
     canvas.fill(QColor(128, 128, 128));
     QPainter painter(&canvas);
     // Web Mercator level 0: (0, 0) is pixel (128, 128).
-    bubble->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
     painter.end();
     const QPoint inside = (QPointF(128, 128) + box.topLeft() + QPointF(4, box.height() / 2)).toPoint();
     EXPECT_GT(canvas.pixelColor(inside).red(), 240);

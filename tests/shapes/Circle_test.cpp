@@ -1,5 +1,5 @@
 #include "support/ImageCompare.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "shapes/circle/CZoCircleMapObject.h"
 
@@ -14,79 +14,66 @@
 using Messages = std::vector<std::string>;
 
 // The fake map module projects 10 pixels per degree, y downwards.
-class Circle : public ModuleFixture
+class Circle : public KindFixture<CircleKind>
 {
 protected:
     void SetUp() override
     {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("circles");
-        circle = module.CreateCircleMapObject("circle", layer);
-        ASSERT_NE(circle, nullptr);
-        circle->SetCenter(CVector3D(2.0, 3.0, 0.0));
-        circle->SetRadiusPoint(CVector3D(3.0, 3.0, 0.0));
+        KindFixture::SetUp();
+        object->SetCenter(CVector3D(2.0, 3.0, 0.0));
+        object->SetRadiusPoint(CVector3D(3.0, 3.0, 0.0));
         log.Clear();
     }
-    QRectF ShapeRect() const { return circle->GetQtItem()->shape().boundingRect(); }
-    const CZoNameLabel& Label() const { return static_cast<CZoCircleMapObject*>(circle)->Core().Label(); }
-    CVector3D Rim() const { return static_cast<CZoCircleMapObject*>(circle)->GetRimPoint(); }
-
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoCircleMapObject* circle = nullptr;
+    QRectF ShapeRect() const { return object->GetQtItem()->shape().boundingRect(); }
+    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
+    CVector3D Rim() const { return Impl()->GetRimPoint(); }
 };
 
 TEST_F(Circle, TheRimStaysDueEastAndFollowsTheCentre)
 {
-    circle->SetRadiusPoint(CVector3D(2.0, 5.0, 9.0)); // north, 2 degrees away
+    object->SetRadiusPoint(CVector3D(2.0, 5.0, 9.0)); // north, 2 degrees away
     EXPECT_EQ(Rim().x, 4.0);
     EXPECT_EQ(Rim().y, 3.0);
     EXPECT_EQ(Rim().z, 0.0);
-    EXPECT_DOUBLE_EQ(circle->GetRadius(), 2.0);
+    EXPECT_DOUBLE_EQ(object->GetRadius(), 2.0);
 
-    circle->SetCenter(CVector3D(-1.0, 1.0, 0.0));
+    object->SetCenter(CVector3D(-1.0, 1.0, 0.0));
     EXPECT_EQ(Rim().x, 1.0);
     EXPECT_EQ(Rim().y, 1.0);
-    EXPECT_DOUBLE_EQ(circle->GetRadius(), 2.0);
-    EXPECT_EQ(circle->GetQtItem()->pos(), QPointF(-10.0, -10.0));
+    EXPECT_DOUBLE_EQ(object->GetRadius(), 2.0);
+    EXPECT_EQ(object->GetQtItem()->pos(), QPointF(-10.0, -10.0));
     EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
 }
 
 TEST_F(Circle, ShapeIsTheWholePixelRadiusGrownByTheFullPenWidth)
 {
     EXPECT_EQ(ShapeRect(), QRectF(-11, -11, 22, 22));
-    circle->SetPenWidth(3.0f); // rebuilds at once
+    object->SetPenWidth(3.0f); // rebuilds at once
     EXPECT_EQ(ShapeRect(), QRectF(-13, -13, 26, 26));
     // 1.04 degrees is 10.4 pixels: the radius is whole pixels.
-    circle->SetRadiusPoint(CVector3D(3.04, 3.0, 0.0));
+    object->SetRadiusPoint(CVector3D(3.04, 3.0, 0.0));
     EXPECT_EQ(ShapeRect(), QRectF(-13, -13, 26, 26));
     // Pixel sizes do not follow the view scale; only the label margin does.
     map.ChangeViewScale(2.0);
     EXPECT_EQ(ShapeRect(), QRectF(-13, -13, 26, 26));
-    EXPECT_EQ(circle->GetQtItem()->boundingRect(), QRectF(-113, -113, 226, 226));
-}
-
-TEST_F(Circle, ARimOnTheCentreHasNoShape)
-{
-    circle->SetRadiusPoint(CVector3D(2.0, 3.0, 0.0));
-    EXPECT_TRUE(circle->GetQtItem()->shape().isEmpty());
-    EXPECT_EQ(circle->GetRadius(), 0.0);
+    EXPECT_EQ(object->GetQtItem()->boundingRect(), QRectF(-113, -113, 226, 226));
 }
 
 TEST_F(Circle, LabelStandsOnTheMiddleOfEachSideWhateverTheAlignment)
 {
-    circle->SetNameVisible(true);
-    circle->SetLabelPosition(0);
+    object->SetNameVisible(true);
+    object->SetLabelPosition(0);
     EXPECT_EQ(Label().originY, -10.0);
     const double x = Label().originX;
-    circle->SetLabelAlignment(0);
-    circle->SetLabelPosition(0);
+    object->SetLabelAlignment(0);
+    object->SetLabelPosition(0);
     EXPECT_EQ(Label().originX, x);
-    circle->SetLabelPosition(3);
+    object->SetLabelPosition(3);
     EXPECT_EQ(Label().originX, 10.0);
     // Label positions are item pixels: at half the scale the rim is twice as far.
     map.ChangeViewScale(2.0);
     EXPECT_EQ(Label().originX, 20.0);
-    circle->SetLabelPosition(4);
+    object->SetLabelPosition(4);
     EXPECT_EQ(Label().clipRect, QRectF(-20, -20, 40, 40));
 }
 
@@ -96,18 +83,18 @@ TEST_F(Circle, OutlinePointCountsFollowTheLevel)
     for (const auto& [level, count] : counts)
     {
         std::vector<CVector3D> points(1); // appended to, not replaced
-        circle->GetOutlinePoints(points, level);
+        object->GetOutlinePoints(points, level);
         EXPECT_EQ(points.size(), count + 1) << level;
     }
     std::vector<CVector3D> rim;
-    circle->GetOutlinePoints(rim, 1);
+    object->GetOutlinePoints(rim, 1);
     EXPECT_EQ(rim.at(0).x, 3.0);
 }
 
 TEST_F(Circle, OutlineRunsCounterClockwiseInDegreesAndClockwiseInPixels)
 {
     std::vector<CVector3D> pixels;
-    circle->GetOutlinePoints(pixels, 2);
+    object->GetOutlinePoints(pixels, 2);
     ASSERT_EQ(pixels.size(), 4u);
     EXPECT_NEAR(pixels[0].x, 3.0, 1e-9);
     EXPECT_NEAR(pixels[1].x, 2.0, 1e-9);
@@ -115,59 +102,34 @@ TEST_F(Circle, OutlineRunsCounterClockwiseInDegreesAndClockwiseInPixels)
 
     map.tileModelKind = 2;
     std::vector<CVector3D> degrees;
-    circle->GetOutlinePoints(degrees, 2);
+    object->GetOutlinePoints(degrees, 2);
     ASSERT_EQ(degrees.size(), 4u);
     EXPECT_NEAR(degrees[1].x, 2.0, 1e-9);
     EXPECT_NEAR(degrees[1].y, 4.0, 1e-9);
     EXPECT_NEAR(degrees[2].x, 1.0, 1e-9);
 }
 
-TEST_F(Circle, CharacteristicPointsAreTheCentreAndFourRimHandles)
-{
-    std::vector<CVector3D> points(3);
-    static_cast<CZoCircleMapObject*>(circle)->GetCharacteristicPoints(points);
-    ASSERT_EQ(points.size(), 5u);
-    EXPECT_EQ(points[0].z, -1.0);
-    EXPECT_EQ(points[1].x, 3.0);
-    EXPECT_EQ(points[2].x, 1.0);
-    EXPECT_EQ(points[3].y, 4.0);
-    EXPECT_EQ(points[4].y, 2.0);
-    EXPECT_EQ(points[4].z, 1.0);
-}
-
 TEST_F(Circle, NonFiniteCoordinatesDrawNothingUntilMadeValid)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();
-    circle->SetRadiusPoint(CVector3D(inf, 3.0, 0.0));
-    EXPECT_TRUE(circle->GetQtItem()->shape().isEmpty());
+    object->SetRadiusPoint(CVector3D(inf, 3.0, 0.0));
+    EXPECT_TRUE(object->GetQtItem()->shape().isEmpty());
     EXPECT_TRUE(log.Messages().empty());
 
-    circle->SetCenter(CVector3D(nan, 3.0, 0.0));
-    EXPECT_EQ(circle->GetQtItem()->pos(), QPointF(0.0, 0.0));
+    object->SetCenter(CVector3D(nan, 3.0, 0.0));
+    EXPECT_EQ(object->GetQtItem()->pos(), QPointF(0.0, 0.0));
     EXPECT_EQ(log.Messages(), Messages{"[CZoCircleMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败"});
     std::vector<CVector3D> outline;
-    circle->GetOutlinePoints(outline, 3);
+    object->GetOutlinePoints(outline, 3);
     EXPECT_TRUE(outline.empty());
     map.ChangeViewScale(3.0);
-    const QRectF bounds = circle->GetQtItem()->boundingRect();
+    const QRectF bounds = object->GetQtItem()->boundingRect();
     EXPECT_TRUE(std::isfinite(bounds.width()) && std::isfinite(bounds.x()));
 
-    circle->SetCenter(CVector3D(2.0, 3.0, 0.0));
-    circle->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
+    object->SetCenter(CVector3D(2.0, 3.0, 0.0));
+    object->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
     EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
-}
-
-TEST_F(Circle, UninitialisedCircleNeitherMeasuresNorOutlines)
-{
-    CZoCircleMapObject loose;
-    loose.SetRadiusPoint(CVector3D(1.0, 0.0, 0.0));
-    std::vector<CVector3D> outline;
-    loose.GetOutlinePoints(outline, 4);
-    EXPECT_TRUE(outline.empty());
-    EXPECT_EQ(loose.GetRadius(), 0.0);
-    EXPECT_EQ(loose.ConvertAnchorToPixel(), QPointF(0.0, 0.0));
-    EXPECT_TRUE(log.Messages().empty());
 }
 
 // --- painting ------------------------------------------------------------------
@@ -178,7 +140,7 @@ protected:
     void SetUp() override
     {
         Circle::SetUp();
-        Style(circle);
+        Style(object);
     }
     static void Style(IZoCircleMapObject* c)
     {
@@ -204,8 +166,8 @@ protected:
 
 TEST_F(CirclePaint, PenKeepsItsPixelWidthWhileTheRadiusIsScenePixels)
 {
-    circle->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
-    EXPECT_EQ(CompareWithReference(Render(circle->GetQtItem()), QStringLiteral("circle_label_bottom"), 16, 12),
+    object->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
+    EXPECT_EQ(CompareWithReference(Render(object->GetQtItem()), QStringLiteral("circle_label_bottom"), 16, 12),
               QString());
 }
 
@@ -228,4 +190,17 @@ TEST_F(CirclePaint, CanvasPaintingMeasuresTheRadiusOnTheCanvas)
     EXPECT_EQ(loose->GetQtItem(), nullptr);
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 80, 80), QStringLiteral("circle_label_bottom"), 16, 12),
               QString());
+}
+
+TEST_F(Circle, CharacteristicPointsAreTheCentreAndFourRimHandles)
+{
+    std::vector<CVector3D> points(3);
+    static_cast<CZoCircleMapObject*>(object)->GetCharacteristicPoints(points);
+    ASSERT_EQ(points.size(), 5u);
+    EXPECT_EQ(points[0].z, -1.0);
+    EXPECT_EQ(points[1].x, 3.0);
+    EXPECT_EQ(points[2].x, 1.0);
+    EXPECT_EQ(points[3].y, 4.0);
+    EXPECT_EQ(points[4].y, 2.0);
+    EXPECT_EQ(points[4].z, 1.0);
 }

@@ -1,6 +1,6 @@
 #include "support/ImageCompare.h"
 #include "support/RenderItem.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "object/IZoMapObjectInternal.h"
 #include "object/ZoLabelLook.h"
@@ -11,99 +11,67 @@
 
 using Messages = std::vector<std::string>;
 
-class Dot : public ModuleFixture
+class Dot : public KindFixture<DotKind>
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("dots");
-        dot = module.CreateDotMapObject("dot", layer);
-        ASSERT_NE(dot, nullptr);
-        log.Clear();
-    }
-    QPainterPath Shape() const { return dot->GetQtItem()->shape(); }
-    const CZoNameLabel& Label() const { return static_cast<CZoDotMapObject*>(dot)->Core().Label(); }
-
-    IZoGraphicsMapLayer* layer = nullptr;
-    IZoDotMapObject* dot = nullptr;
+    QPainterPath Shape() const { return object->GetQtItem()->shape(); }
+    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
 };
 
 TEST_F(Dot, ShapeRadiusIsRadiusPlusPenWidthTimesPixelScale)
 {
-    EXPECT_EQ(dot->GetRadius(), 6.0);
-    EXPECT_EQ(dot->GetPenWidth(), 1.0f);
+    EXPECT_EQ(object->GetRadius(), 6.0);
+    EXPECT_EQ(object->GetPenWidth(), 1.0f);
     EXPECT_EQ(Shape().boundingRect(), QRectF(-7, -7, 14, 14));
 
     map.ChangeViewScale(2.0);
     EXPECT_EQ(Shape().boundingRect(), QRectF(-3.5, -3.5, 7, 7));
-    dot->SetPenWidth(3.0f); // the dot's outline grows its shape at once
+    object->SetPenWidth(3.0f); // the dot's outline grows its shape at once
     EXPECT_EQ(Shape().boundingRect(), QRectF(-4.5, -4.5, 9, 9));
-    dot->SetRadius(1.0);
-    EXPECT_EQ(dot->GetQtItem()->boundingRect(), QRectF(-2, -2, 4, 4));
+    object->SetRadius(1.0);
+    EXPECT_EQ(object->GetQtItem()->boundingRect(), QRectF(-2, -2, 4, 4));
 }
 
 TEST_F(Dot, RadiusZeroLaysOutNothingNotEvenTheName)
 {
-    dot->SetRadius(0.0);
-    dot->SetNameVisible(true);
-    dot->SetLabelPosition(3);
+    object->SetRadius(0.0);
+    object->SetNameVisible(true);
+    object->SetLabelPosition(3);
     EXPECT_TRUE(Shape().isEmpty());
     EXPECT_EQ(Label().originX, 0.0);
     EXPECT_EQ(Label().originY, 0.0);
-    dot->SetRadius(5.0);
+    object->SetRadius(5.0);
     EXPECT_GT(Label().originX, 0.0);
-}
-
-TEST_F(Dot, PositionMovesTheItemAndTheBoxIsDegenerate)
-{
-    dot->SetPosition(CVector3D(12.5, -3.0, 7.0));
-    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(125.0, 30.0));
-    const CAABB box = dot->GetBoundingBox();
-    EXPECT_EQ(box.min.x, 12.5);
-    EXPECT_EQ(box.max.x, 12.5);
-    EXPECT_EQ(box.min.y, -3.0);
-    EXPECT_EQ(box.min.z, -1.0);
-    EXPECT_EQ(box.max.z, 1.0);
-}
-
-TEST_F(Dot, RotationIsTheOffsetsZ)
-{
-    dot->SetOffset(CVector3D(1.0, 2.0, 5.0));
-    EXPECT_EQ(dot->GetRotation(), 5.0);
-    dot->SetRotation(30.0);
-    EXPECT_EQ(dot->GetOffset().z, 30.0);
-    EXPECT_EQ(dot->GetOffset().x, 1.0);
 }
 
 TEST_F(Dot, LabelPlacementsFollowTheLabelPositionAndIgnoreAlignment)
 {
-    dot->SetNameVisible(true);
-    dot->SetLabelPosition(3);
+    object->SetNameVisible(true);
+    object->SetLabelPosition(3);
     const double rightX = Label().originX;
     EXPECT_EQ(rightX, 6.0);
-    dot->SetLabelPosition(2);
+    object->SetLabelPosition(2);
     EXPECT_LT(Label().originX, -6.0);
-    dot->SetLabelPosition(0);
+    object->SetLabelPosition(0);
     EXPECT_EQ(Label().originY, -6.0);
-    dot->SetLabelPosition(1);
+    object->SetLabelPosition(1);
     EXPECT_GT(Label().originY, 6.0);
     // The alignment is stored but does not move the label.
     const double y = Label().originY;
-    dot->SetLabelAlignment(2);
-    EXPECT_EQ(dot->GetLabelAlignment(), 2u);
+    object->SetLabelAlignment(2);
+    EXPECT_EQ(object->GetLabelAlignment(), 2u);
     EXPECT_EQ(Label().originY, y);
 }
 
 TEST_F(Dot, CentreLabelsClipOnlyWithTheLayersSecondCacheSwitch)
 {
-    dot->SetName("a name much wider than the dot");
-    dot->SetNameVisible(true);
-    dot->SetLabelPosition(4);
+    object->SetName("a name much wider than the dot");
+    object->SetNameVisible(true);
+    object->SetLabelPosition(4);
     EXPECT_FALSE(Label().clipToRect);
     EXPECT_EQ(Label().clipRect, QRectF(-6, -6, 12, 12));
     layer->SetSecondShapeCache(true);
-    dot->SetLabelPosition(4);
+    object->SetLabelPosition(4);
     EXPECT_TRUE(Label().clipToRect);
     // The clip tests the origin, which lies left of the dot.
     EXPECT_FALSE(Label().clipRect.contains(QPointF(Label().originX, Label().originY)));
@@ -112,14 +80,14 @@ TEST_F(Dot, CentreLabelsClipOnlyWithTheLayersSecondCacheSwitch)
 TEST_F(Dot, TheShapeCacheSkipsUnforcedRebuildsOnly)
 {
     layer->EnableShapeCache();
-    dot->SetRebuildThreshold(5.0);
-    EXPECT_TRUE(dot->GetQtItem()->boundingRect().isNull());
-    dot->SetRadius(10.0); // unforced: cached path kept
-    dot->SetRebuildThreshold(-1.0);
+    object->SetRebuildThreshold(5.0);
+    EXPECT_TRUE(object->GetQtItem()->boundingRect().isNull());
+    object->SetRadius(10.0); // unforced: cached path kept
+    object->SetRebuildThreshold(-1.0);
     EXPECT_EQ(Shape().boundingRect(), QRectF(-7, -7, 14, 14));
-    dot->SetRebuildThreshold(11.9);
-    dot->SetAlwaysRebuild(true);
-    dot->SetRadius(10.0);
+    object->SetRebuildThreshold(11.9);
+    object->SetAlwaysRebuild(true);
+    object->SetRadius(10.0);
     EXPECT_EQ(Shape().boundingRect(), QRectF(-11, -11, 22, 22));
 }
 
@@ -140,13 +108,13 @@ protected:
     void SetUp() override
     {
         Dot::SetUp();
-        dot->SetName("Dot");
-        dot->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-        dot->SetNameVisible(true);
-        dot->SetRadius(8.0);
-        dot->SetPenWidth(2.0f);
-        dot->SetPenColor(QColor(20, 40, 160));
-        dot->SetBrushColor(QColor(250, 200, 40));
+        object->SetName("Dot");
+        object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        object->SetNameVisible(true);
+        object->SetRadius(8.0);
+        object->SetPenWidth(2.0f);
+        object->SetPenColor(QColor(20, 40, 160));
+        object->SetBrushColor(QColor(250, 200, 40));
     }
 };
 
@@ -154,9 +122,9 @@ TEST_F(DotPaint, LabelPlacementsMatchTheirReferences)
 {
     for (unsigned int position = 0; position <= 4; ++position)
     {
-        dot->SetLabelPosition(position);
+        object->SetLabelPosition(position);
         const QString name = QStringLiteral("dot_label_%1").arg(position);
-        EXPECT_EQ(CompareWithReference(RenderItem(dot->GetQtItem()), name, 16, 12), QString()) << position;
+        EXPECT_EQ(CompareWithReference(RenderItem(object->GetQtItem()), name, 16, 12), QString()) << position;
     }
 }
 
@@ -167,10 +135,10 @@ TEST_F(DotPaint, RotatedTextureIsDrawnIntoTheShapeRectangle)
     QPainter texturePainter(&texture);
     texturePainter.fillRect(0, 0, 16, 6, Qt::red);
     texturePainter.end();
-    dot->SetBrushTexture(Qt::TexturePattern, QPixmap::fromImage(texture));
-    dot->SetNameVisible(false);
-    dot->SetRotation(45.0);
-    EXPECT_EQ(CompareWithReference(RenderItem(dot->GetQtItem(), 60, 60), QStringLiteral("dot_texture_rotated"), 16, 6),
+    object->SetBrushTexture(Qt::TexturePattern, QPixmap::fromImage(texture));
+    object->SetNameVisible(false);
+    object->SetRotation(45.0);
+    EXPECT_EQ(CompareWithReference(RenderItem(object->GetQtItem(), 60, 60), QStringLiteral("dot_texture_rotated"), 16, 6),
               QString());
 }
 
@@ -200,35 +168,24 @@ TEST_F(DotPaint, CanvasPaintingUsesATemporaryItemAtScaleOne)
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 120, 60), QStringLiteral("dot_label_0"), 16, 12), QString());
 }
 
-TEST_F(DotPaint, CanvasPaintingRejectsNullArguments)
-{
-    QImage canvas = BlankCanvas(10, 10);
-    QPainter painter(&canvas);
-    dot->PaintOnCanvas(&painter, nullptr, 0, nullptr);
-    dot->PaintOnCanvas(nullptr, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoDotMapObject::PaintOnCanvas] 传入参数为空",
-                                        "[CZoDotMapObject::PaintOnCanvas] 传入参数为空"}));
-}
-
 // A label's finished look is held only while the label shows: hiding it, by
 // its switch or by a level outside its range, gives the look back.
 TEST_F(DotPaint, HiddenNamesGiveTheirLooksBack)
 {
     ZoLabelLookCache::Clear();
-    const CZoMapObjectCore* core = ZoObjectCore(dot);
+    const CZoMapObjectCore* core = ZoObjectCore(object);
     ASSERT_NE(core, nullptr);
-    RenderItem(dot->GetQtItem());
+    RenderItem(object->GetQtItem());
     EXPECT_TRUE(core->Label().HoldsLook());
     EXPECT_GT(ZoLabelLookCache::Bytes(), 0u);
-    dot->SetNameVisible(false);
+    object->SetNameVisible(false);
     EXPECT_FALSE(core->Label().HoldsLook());
     EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
 
-    dot->SetNameVisible(true);
-    RenderItem(dot->GetQtItem());
+    object->SetNameVisible(true);
+    RenderItem(object->GetQtItem());
     EXPECT_TRUE(core->Label().HoldsLook());
-    dot->SetNameMaxLodLevel(map.lod - 1);
+    object->SetNameMaxLodLevel(map.lod - 1);
     map.ChangeLod(map.lod);
     EXPECT_FALSE(core->Label().HoldsLook());
     EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);

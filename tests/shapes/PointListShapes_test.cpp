@@ -77,8 +77,6 @@ TEST_F(PointListShapes, PolygonPopOnEmptyIsSilentAndTwoPointsDrawAnOutline)
     EXPECT_EQ(RenderItemAt(polygon->GetQtItem(), 60, 60, QPointF(0, 0)), blank);
     polygon->PushBack(CVector3D(4, -4, 0));
     EXPECT_NE(RenderItemAt(polygon->GetQtItem(), 60, 60, QPointF(0, 0)), blank);
-    polygon->SetExtraPoint(CVector3D(1, 2, 3));
-    EXPECT_EQ(static_cast<CZoPolygonMapObject*>(polygon)->GetExtraPoint(), CVector3D(1, 2, 3));
 }
 
 TEST_F(PointListShapes, PolygonNameShowsOnlyCentred)
@@ -113,13 +111,6 @@ TEST_F(PointListShapes, MultiPolygonRingInsideRingIsAHole)
     EXPECT_FALSE(item->contains(QPointF(90, -10))); // between the rings
     EXPECT_EQ(item->boundingRect(), QRectF(0, -80, 130, 80)); // no margin
     EXPECT_TRUE(CompareWithReference(RenderItemAt(item, 150, 100, QPointF(10, 90)), "multipolygon_hole", 8, 20).isEmpty());
-}
-
-TEST_F(PointListShapes, MultiPolygonKeepsItsExtraPoint)
-{
-    auto* rings = module.CreateMultiPolygonMapObject("rings", layer);
-    rings->SetExtraPoint(CVector3D(1, 2, 3));
-    EXPECT_EQ(rings->GetExtraPoint(), CVector3D(1, 2, 3));
 }
 
 // --- multi-line --------------------------------------------------------------------

@@ -1,6 +1,6 @@
 #include "support/ImageCompare.h"
 #include "support/RenderItem.h"
-#include "support/ModuleFixture.h"
+#include "support/KindFixture.h"
 
 #include "shapes/polyline/CZoPolylineMapObject.h"
 
@@ -11,28 +11,18 @@
 
 using Messages = std::vector<std::string>;
 
-class Polyline : public ModuleFixture
+class Polyline : public KindFixture<PolylineKind>
 {
 protected:
     void SetUp() override
     {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("lines");
-        line = static_cast<CZoPolylineMapObject*>(module.CreatePolylineMapObject("line", layer));
-        ASSERT_NE(line, nullptr);
-        log.Clear();
+        KindFixture::SetUp();
+        line = Impl();
     }
     QGraphicsItem* Item() const { return line->GetQtItem(); }
 
-    IZoGraphicsMapLayer* layer = nullptr;
     CZoPolylineMapObject* line = nullptr;
 };
-
-TEST_F(Polyline, IsFoundByNameAndKind)
-{
-    EXPECT_EQ(module.LookupPolylineMapObject("line"), line);
-    EXPECT_EQ(module.LookupPolygonMapObject("line"), nullptr);
-}
 
 TEST_F(Polyline, SetPositionMovesRigidlyWithoutRecomputingOffsets)
 {
@@ -243,29 +233,6 @@ TEST_F(PolylinePaint, AWidePenLooksLikeQtsOwnStrokeWhicheverWayItIsDrawn)
         EXPECT_LT(differing, 220 * 80 / 200);
         EXPECT_LT(static_cast<double>(total) / (220 * 80 * 3), 6.0);
     }
-}
-
-// The mask is for raster devices only: a recording of the painting keeps
-// vector lines, and nothing of the mask's buffer shows up in it.
-TEST_F(PolylinePaint, AWidePenOnAVectorDeviceStaysVector)
-{
-    QPolygonF zigzag;
-    for (int i = 0; i < 400; ++i)
-        zigzag << QPointF(5 + i * 0.5, 20 + (i % 2 ? 10 : -10));
-    QPicture picture;
-    {
-        QPainter painter(&picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        ZoPointList::DrawPolyline(&painter, zigzag, QPen(QColor(200, 30, 30), 1.5));
-    }
-    QImage replayed = BlankCanvas(220, 80);
-    {
-        QPainter painter(&replayed);
-        painter.setRenderHint(QPainter::Antialiasing);
-        picture.play(&painter);
-    }
-    EXPECT_NE(replayed, BlankCanvas(220, 80));
-    EXPECT_LT(picture.size(), 400 * 64) << "an image went into the recording";
 }
 
 TEST_F(PolylinePaint, TheLayersFitCheckLeavesOutNamesLongerThanTheirSegment)

@@ -39,15 +39,6 @@ protected:
     IZoRectangleMapObject* tile = nullptr;
 };
 
-TEST_F(Rectangle, OneLookupFindsRectanglesAndTiles)
-{
-    EXPECT_FALSE(static_cast<CZoRectangleMapObject*>(rectangle)->IsTile());
-    EXPECT_TRUE(static_cast<CZoRectangleMapObject*>(tile)->IsTile());
-    EXPECT_EQ(module.LookupRectangleMapObject("rectangle"), rectangle);
-    EXPECT_EQ(module.LookupRectangleMapObject("tile"), tile);
-    EXPECT_EQ(module.LookupBowMapObject("tile"), nullptr);
-}
-
 TEST_F(Rectangle, OutlineRunsBetweenTheCornerPixelsAroundTheCentre)
 {
     EXPECT_EQ(rectangle->GetQtItem()->pos(), QPointF(25.0, -20.0));
@@ -89,30 +80,6 @@ TEST_F(Rectangle, ATileWithoutTileModelStandsAtTheOriginAndNamesTheMode)
     // A rectangle does not need the tile model.
     rectangle->SetExtent(EXTENT{1.0, 1.0, 2.0, 2.0});
     EXPECT_EQ(rectangle->GetQtItem()->pos(), QPointF(15.0, -15.0));
-}
-
-TEST_F(Rectangle, WithoutMapModuleTheGeometrySettersComplainAndMeasureNothing)
-{
-    CZoRectangleMapObject loose;
-    loose.SetExtent(EXTENT{0.0, 0.0, 1.0, 1.0});
-    loose.SetCenter(CVector3D(1.0, 1.0, 0.0));
-    EXPECT_EQ(loose.GetExtent(), EXTENT());
-    EXPECT_EQ(loose.GetWidth(), 0.0);
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoRectangleMapObject::SetExtent] MapModule模块未初始化设置",
-                                        "[CZoRectangleMapObject::SetCenter] MapModule模块未初始化设置"}));
-}
-
-TEST_F(Rectangle, RotationNormalisesAndReachesItemsMadeLater)
-{
-    rectangle->SetRotation(-360.0);
-    EXPECT_EQ(rectangle->GetRotation(), 0.0);
-    rectangle->SetRotation(400.0);
-    EXPECT_EQ(rectangle->GetQtItem()->rotation(), 40.0);
-    layer->SetAutoAdd(false);
-    IZoRectangleMapObject* late = module.CreateRectangleMapObject("late", layer);
-    late->SetRotation(30.0);
-    late->AddToScene();
-    EXPECT_EQ(late->GetQtItem()->rotation(), 30.0);
 }
 
 // --- painting ------------------------------------------------------------------

@@ -101,45 +101,6 @@ TEST(ScreenSpaceReductionReference, RandomInputsMatch)
     }
 }
 
-TEST(ScreenSpaceReductionReference, LongInputsMatch)
-{
-    std::mt19937 rng(5);
-    for (const bool closed : {false, true})
-    {
-        const QPolygonF input = RandomPolygon(rng, 5000, false, closed);
-        EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(input, 0.5), Reference(input, 0.5)));
-    }
-}
-
-// Long lists where blocks of points pass whole, runs of drops share one
-// predecessor, keeps and drops alternate, and removal runs into the minimum.
-TEST(ScreenSpaceReductionReference, LongMixedInputsMatch)
-{
-    std::mt19937 rng(77);
-    std::uniform_real_distribution<double> unit(0.0, 1.0);
-    for (int round = 0; round < 24; ++round)
-    {
-        SCOPED_TRACE(::testing::Message() << "round " << round);
-        // Steps from far below the near-duplicate distance to whole pixels,
-        // changing every few hundred points.
-        QPolygonF input;
-        QPointF walk(500.0, 500.0);
-        double stepSize = 1.0;
-        const int n = round % 4 == 0 ? 10000 : 300 + round * 97;
-        for (int i = 0; i < n; ++i)
-        {
-            if (i % 300 == 0)
-                stepSize = std::pow(10.0, -3.0 + 3.5 * unit(rng));
-            walk += QPointF(unit(rng) - 0.3, unit(rng) - 0.4) * stepSize;
-            input << walk;
-        }
-        if (round % 2 == 0)
-            input << input.first();
-        for (const double t : {0.0625, 1.0, 100.0, 1e6})
-            EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(input, t), Reference(input, t))) << "t " << t;
-    }
-}
-
 TEST(ScreenSpaceReductionMinimum, ShortAndMinimalPolygonsPassUnchanged)
 {
     const QPolygonF three = Poly({QPointF(0, 0), QPointF(0, 0), QPointF(0, 0)});

@@ -8,7 +8,6 @@
 #include <QGraphicsItem>
 #include <QPolygonF>
 #include <gtest/gtest.h>
-#include <random>
 #include <vector>
 
 inline QPointF ModelPixel(FakeMapModule& map, const CVector3D& p)
@@ -42,26 +41,3 @@ inline void ExpectOffsetsFollowModel(FakeMapModule& map, const PointListModel& m
                 << where << " line " << l << " point " << i;
     }
 }
-
-// Random points on a 0.01 degree raster, so that pixels round predictably.
-class RandomPoints
-{
-public:
-    explicit RandomPoints(unsigned seed) : m_engine(seed) {}
-    CVector3D Point()
-    {
-        std::uniform_int_distribution<int> coordinate(-5000, 5000);
-        return CVector3D(coordinate(m_engine) / 100.0, coordinate(m_engine) / 100.0, coordinate(m_engine) / 100.0);
-    }
-    std::vector<CVector3D> Line(int maxPoints)
-    {
-        std::vector<CVector3D> line(static_cast<std::size_t>(Int(0, maxPoints)));
-        for (CVector3D& p : line)
-            p = Point();
-        return line;
-    }
-    int Int(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_engine); }
-
-private:
-    std::mt19937 m_engine;
-};
