@@ -10,7 +10,7 @@ BUILD_DIR="$REPO_ROOT/build/$ZO_PRESET"
 ZO_PACKAGES=(
     cmake make g++ pkg-config
     qtbase5-dev libqt5svg5-dev libproj-dev
-    libgtest-dev libbenchmark-dev libgeos-dev
+    libgtest-dev libbenchmark-dev libgeos-dev zlib1g-dev
     xvfb xauth fonts-wqy-microhei
 )
 # A Qt 6 preset needs Qt 6 besides (Core5Compat for the code-page conversions).
