@@ -88,8 +88,11 @@ QString RefusedImageReference(const QByteArray& xml)
 {
     QXmlStreamReader reader(xml);
     reader.setNamespaceProcessing(false);
-    const auto named = [](const QStringRef& name, QLatin1String local) {
-        return name == local || name.endsWith(QLatin1Char(':') + local);
+    // A generic lambda: the parser hands out QStringRef under Qt 5 and
+    // QStringView under Qt 6.
+    const auto named = [](const auto& name, QLatin1String local) {
+        const QString prefixed = QLatin1Char(':') + local;
+        return name == local || name.endsWith(prefixed);
     };
     while (!reader.atEnd())
     {

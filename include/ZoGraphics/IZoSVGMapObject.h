@@ -50,7 +50,7 @@ public:
     ///   and returns false, yet the picture held before is still moved to center and
     ///   reset as above. Before it, a path that is not a regular file (never
     ///   opened) logs "[CZoSVGMapObject::LoadSVGFile] 不是普通文件, 拒绝读取: " and
-    ///   the path, and a file whose <image> elements name something other than a
+    ///   the path, and a file whose `<image>` elements name something other than a
     ///   regular file, another SVG or a picture within 8,192 pixels a side logs
     ///   "[CZoSVGMapObject::LoadSVGFile] SVG引用的图片不可读取或过大, 拒绝加载: " and
     ///   the reference. A file (inflated, when compressed) over 64 MiB is refused too.

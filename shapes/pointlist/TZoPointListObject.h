@@ -312,7 +312,7 @@ private:
         const double half = ItemOffsets() ? ItemOffsets()->worldWidth * 0.5 : 0.0;
         if (half <= 0.0)
             return;
-        for (int k = std::max(at, 1); k <= std::min(at + 1, offsets.size() - 1); ++k)
+        for (int k = std::max(at, 1); k <= std::min<int>(at + 1, int(offsets.size()) - 1); ++k)
         {
             if (std::fabs(offsets[k].x() - offsets[k - 1].x()) > half)
             {

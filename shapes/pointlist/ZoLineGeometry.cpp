@@ -325,7 +325,7 @@ void CZoSegmentIndex::Build(const std::vector<QPolygonF>& lines)
     for (const QPolygonF& line : lines)
     {
         m_lineStart.push_back(count);
-        count += std::max(0, line.size() - 1);
+        count += std::max(0, int(line.size()) - 1);
     }
     m_segmentCount = count;
     if (count == 0)
