@@ -117,7 +117,8 @@ CViewerEditor::CViewerEditor(CZoGraphicsModule& graphics, CZoMapView& view, QObj
     connect(&view, &CZoMapView::sceneEvent, this, &CViewerEditor::OnSceneEvent);
     connect(&view, &CZoMapView::pointerGeoChanged, this, &CViewerEditor::OnPointer);
     view.installEventFilter(this);
-    view.viewport()->installEventFilter(this);
+    m_viewport = view.viewport();
+    m_viewport->installEventFilter(this);
 }
 
 CViewerEditor::~CViewerEditor()
@@ -276,7 +277,7 @@ void CViewerEditor::OnPointer(bool valid, double lon, double lat)
 bool CViewerEditor::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
-    if (watched == m_view.viewport() && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove))
+    if (watched == m_viewport && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove))
     {
         m_pointerPixel = static_cast<QMouseEvent*>(event)->pos();
         if (type == QEvent::MouseButtonPress)

@@ -122,6 +122,9 @@ private:
 
     CZoGraphicsModule& m_graphics;
     CZoMapView& m_view;
+    // Kept apart from the view: while the view is being destroyed its
+    // viewport still reports events, and the view may no longer be asked.
+    QObject* m_viewport = nullptr;
     IZoGraphicsMapLayer* m_layer = nullptr;
     std::array<IZoGraphicsEditObject*, kToolCount> m_gadgets{};
     IZoDotMapObject* m_hint = nullptr;

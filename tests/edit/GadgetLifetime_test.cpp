@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 using Calls = std::vector<std::string>;
 
@@ -154,9 +155,9 @@ TEST_F(GadgetLifetimeTest, AGadgetOutlivesItsLayerAndStaysInert)
         module.DestroyGraphicsEditObject(gadget);
     }
     const int objects = module.GetRegisteredObjectCount();
-    IZoGraphicsEditObject* gadgets[4];
-    for (int k = 0; k < 4; ++k)
-        gadgets[k] = (module.*kKinds[k].create)(layer);
+    std::vector<IZoGraphicsEditObject*> gadgets;
+    for (const SGadgetKind& kind : kKinds)
+        gadgets.push_back((module.*kind.create)(layer));
     module.DestroyGraphicsLayer(layer);
     // No handle lands on another layer in the freed one's place.
     for (IZoGraphicsEditObject* gadget : gadgets)
