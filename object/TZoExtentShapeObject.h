@@ -4,6 +4,7 @@
 #include "object/TZoStyledMapObject.h"
 #include "object/ZoAnchoredShape.h"
 #include "object/ZoLogText.h"
+#include "object/ZoPixelValues.h"
 
 #include <ZoGraphics/IZoMapModule.h>
 
@@ -107,7 +108,7 @@ public:
     {
         CVector3D point;
         if (IZoMapModule* map = this->Core().GetMapModule())
-            map->ConvertPixelToScene(&point.x, &point.y, static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
+            map->ConvertPixelToScene(&point.x, &point.y, ZoPixelInt(pixel.x()), ZoPixelInt(pixel.y()));
         return point;
     }
 

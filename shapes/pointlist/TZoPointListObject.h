@@ -1,6 +1,7 @@
 #pragma once
 
 #include "object/CZoGeoPixels.h"
+#include "object/ZoPixelValues.h"
 #include "shapes/pointlist/CZoPointOffsets.h"
 #include "shapes/pointlist/ZoPointListRules.h"
 
@@ -260,7 +261,7 @@ protected:
                 const QPointF pixel = offset + origin;
                 double x = 0.0;
                 double y = 0.0;
-                map->ConvertPixelToScene(&x, &y, static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
+                map->ConvertPixelToScene(&x, &y, ZoPixelInt(pixel.x()), ZoPixelInt(pixel.y()));
                 out.emplace_back(x, y, 0.0);
             }
         }
