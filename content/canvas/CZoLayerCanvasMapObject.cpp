@@ -106,5 +106,6 @@ QPointF CZoLayerCanvasMapObject::ExtentSizeInPixels()
     if (!map || !map->ConvertSceneToPixel(&left, &top, m_extent.xmin, m_extent.ymax) ||
         !map->ConvertSceneToPixel(&right, &bottom, m_extent.xmax, m_extent.ymin))
         return QPointF(0.0, 0.0);
-    return QPointF(right - left, bottom - top);
+    // In doubles: corners far apart would overflow an int difference.
+    return QPointF(double(right) - left, double(bottom) - top);
 }
