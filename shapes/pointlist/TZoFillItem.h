@@ -49,9 +49,9 @@ public:
         const CZoPointOffsets& offsets = this->m_offsets;
         const QPainterPath shape = ZoPointList::RingsPath(offsets.lines, offsets, oddEven);
         const IZoGraphicsMapLayer* layer = this->m_owner->GetGraphicsMapLayer();
-        const QPainterPath drawn = layer && layer->IsSimplifyEnabled()
-                                       ? ZoPointList::RingsPath(this->DrawnLines(s), offsets, oddEven)
-                                       : shape;
+        const QPainterPath drawn = ZoPointList::RingsPath(
+            layer && layer->IsSimplifyEnabled() ? this->DrawnLines(s) : ZoPointList::WithoutRepeats(offsets.lines),
+            offsets, oddEven);
         const QRectF rings = ZoPointList::BoundsOf(offsets.lines);
         const double margin = marginPixels * s;
         {

@@ -225,6 +225,24 @@ QRectF BoundsOf(const std::vector<QPolygonF>& lines)
     return any ? QRectF(QPointF(x0, y0), QPointF(x1, y1)) : QRectF();
 }
 
+std::vector<QPolygonF> WithoutRepeats(const std::vector<QPolygonF>& lines)
+{
+    std::vector<QPolygonF> kept;
+    kept.reserve(lines.size());
+    for (const QPolygonF& line : lines)
+    {
+        QPolygonF points;
+        points.reserve(line.size());
+        for (const QPointF& p : line)
+            if (points.isEmpty() || points.last() != p)
+                points.append(p);
+        if (points.size() == 1 && line.size() > 1)
+            points.append(points.first());
+        kept.push_back(std::move(points));
+    }
+    return kept;
+}
+
 QRectF StrokeBounds(const std::vector<QPolygonF>& lines, double factor, double halfWidth)
 {
     if (std::all_of(lines.begin(), lines.end(), [](const QPolygonF& line) { return line.isEmpty(); }))

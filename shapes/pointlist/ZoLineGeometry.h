@@ -14,6 +14,12 @@ namespace ZoPointList
 // Bounding rectangle of every point of every line; null without points.
 QRectF BoundsOf(const std::vector<QPolygonF>& lines);
 
+// The lines without points that repeat the one before. The integer pixels of
+// a low zoom level repeat most of a detailed outline's points, and drawing
+// them costs time for no pixel; a line that shrinks to one point keeps two,
+// so that what its pen draws stays.
+std::vector<QPolygonF> WithoutRepeats(const std::vector<QPolygonF>& lines);
+
 // Bounding rectangle of the stroke QPainterPathStroker makes of the lines
 // (square caps, bevel joins) with half width halfWidth, after every point is
 // multiplied by a positive factor; null without points. Computed from the
