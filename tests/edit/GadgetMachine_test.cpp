@@ -157,31 +157,20 @@ TEST_F(GadgetMachineTest, ADragStartsProcessesAndCompletesWithTheHandlesCursor)
     module.DestroyGraphicsEditObject(nullptr);
 }
 
-TEST_F(GadgetMachineTest, AClickWithinTheDragDistanceChangesNothing)
+TEST_F(GadgetMachineTest, AClickChangesNothingAndEscapeBacksOutToTheStart)
 {
     const int near = QApplication::startDragDistance() / 2 - 1;
-    for (const SGadgetKind& kind : kKinds)
-    {
-        SCOPED_TRACE(kind.name);
-        IZoGraphicsEditObject* gadget = Make(module, kind);
-        const int id = kind.handle(gadget)->GetObjectID();
-        user.calls.clear();
-        gadget->OnMousePress(&view, 20, -20, id);
-        EXPECT_TRUE(gadget->OnMouseMove(&view, 20 + near, -20 - near, id));
-        EXPECT_TRUE(gadget->OnMouseRelease(&view, 20 + near, -20, id));
-        EXPECT_EQ(user.calls, (Calls{kind.start, kind.clicked}));
-        module.DestroyGraphicsEditObject(gadget);
-    }
-}
-
-TEST_F(GadgetMachineTest, EscapeBacksOutToTheStartAndOnlyWhileDragging)
-{
     for (const SGadgetKind& kind : kKinds)
     {
         SCOPED_TRACE(kind.name);
         auto* gadget = static_cast<CZoEditObjectBase*>(Make(module, kind));
         const int id = kind.handle(gadget)->GetObjectID();
         const QPointF before = kind.handle(gadget)->GetQtItem()->pos();
+        gadget->OnMousePress(&view, 20, -20, id);
+        EXPECT_TRUE(gadget->OnMouseMove(&view, 20 + near, -20 - near, id));
+        EXPECT_TRUE(gadget->OnMouseRelease(&view, 20 + near, -20, id));
+        EXPECT_EQ(user.calls, (Calls{kind.start, kind.clicked}));
+
         EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
         gadget->OnMousePress(&view, 0, 0, id);
         gadget->OnMouseMove(&view, 50, -50, id);

@@ -79,22 +79,6 @@ TEST(MapHostModule, ZoomSplitsIntoLevelAndScaleAndBadValuesAreRefused)
     EXPECT_EQ(lat, module.GetTileModel()->GetGeoExtent().ymax);
 }
 
-TEST(MapHostModule, ZoomAroundKeepsTheAnchorAtItsViewOffset)
-{
-    CZoMapModule module;
-    module.SetZoomAround(4.0, 10.0, 50.0);
-    const QPointF offset(-120.0, 80.0);
-    module.SetZoomAround(6.4, 2.35, 48.85, offset);
-    QPointF anchor, centre;
-    double lon = 0.0, lat = 0.0;
-    module.GetCenter(&lon, &lat);
-    ASSERT_TRUE(module.GeoToScenePoint(2.35, 48.85, &anchor));
-    ASSERT_TRUE(module.GeoToScenePoint(lon, lat, &centre));
-    const QPointF viewOffset = (anchor - centre) * module.GetViewScale();
-    EXPECT_NEAR(viewOffset.x(), offset.x(), 1e-6);
-    EXPECT_NEAR(viewOffset.y(), offset.y(), 1e-6);
-}
-
 TEST(MapHostModule, CalculateDistanceIsTheWgs84Geodesic)
 {
     CZoMapModule module; // Beijing to Tokyo last

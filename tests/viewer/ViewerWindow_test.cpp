@@ -19,15 +19,11 @@
 
 namespace
 {
-QPoint ViewPoint(CViewerWindow& window, double lon, double lat)
+void Click(CViewerWindow& window, double lon, double lat)
 {
     QPointF scene;
     EXPECT_TRUE(window.MapModule()->GeoToScenePoint(lon, lat, &scene));
-    return window.MapView()->mapFromScene(scene);
-}
-
-void Click(CViewerWindow& window, const QPoint& at)
-{
+    const QPoint at = window.MapView()->mapFromScene(scene);
     QWidget* viewport = window.MapView()->viewport();
     for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
     {
@@ -68,12 +64,12 @@ TEST(ViewerWindowTest, StatusBarNamesTheObjectUnderAHandleAndTheClosedBubbleCome
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     window.ShowArea(125.0, -25.0, 5.0);
     // The route's second vertex, under its edit handle.
-    Click(window, ViewPoint(window, 121.47, -30.75));
+    Click(window, 121.47, -30.75);
     QStringList texts;
     for (const QLabel* label : window.findChildren<QLabel*>())
         texts << label->text();
-    EXPECT_TRUE(texts.filter(QStringLiteral("Route")).size() == 1) << texts.join('|').toStdString();
-    EXPECT_TRUE(texts.filter(QStringLiteral("CustomEdit")).isEmpty()) << texts.join('|').toStdString();
+    EXPECT_EQ(texts.filter(QStringLiteral("Route")).size(), 1) << texts.join('|').toStdString();
+    EXPECT_TRUE(texts.filter(QStringLiteral("CustomEdit")).isEmpty());
 
     IZoBubbleMapObject* bubble = window.Graphics()->LookupBubbleMapObject("Tokyo");
     ASSERT_NE(bubble, nullptr);
