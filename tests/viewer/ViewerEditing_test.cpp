@@ -56,11 +56,8 @@ protected:
         line = graphics.CreatePolylineMapObject("route", nullptr);
         line->SetData({CVector3D(130.0, -20.0, 0), CVector3D(134.0, -22.0, 0), CVector3D(136.0, -32.0, 0)});
         line->SetInteractive(true);
-        dot = graphics.CreateDotMapObject("town", nullptr);
-        dot->SetPosition(CVector3D(128.0, -30.0, 0));
-        dot->SetInteractive(true);
-        for (IZoGraphicsMapObject* object : std::initializer_list<IZoGraphicsMapObject*>{rect, line, dot})
-            editor->AddEditable(object);
+        editor->AddEditable(rect);
+        editor->AddEditable(line);
     }
     void TearDown() override
     {
@@ -111,7 +108,6 @@ protected:
     std::unique_ptr<CViewerEditor> editor;
     IZoRectangleMapObject* rect = nullptr;
     IZoPolylineMapObject* line = nullptr;
-    IZoDotMapObject* dot = nullptr;
 };
 } // namespace
 
