@@ -1,19 +1,17 @@
 // The reference view as a user meets it: the module's centre in the middle,
 // drags and the wheel moving the map where the pointer says, pointer events
-// reaching the handlers with the map object under the pointer; the graphics
-// library's objects on it following the host's levels.
+// reaching the handlers and the scene-event signal with the graphics
+// library's object under the pointer, which follows the host's levels.
 #include <ZoGraphics/CZoGraphicsModule.h>
 #include <ZoGraphics/CZoMapModule.h>
 #include <ZoGraphics/CZoMapView.h>
 #include <ZoGraphics/IZoDotMapObject.h>
-#include <ZoGraphics/ZoGraphicsConstant.h>
 
 #include "host/MapHostRecordingHandler.h"
 
 #include <QApplication>
 #include <QGraphicsRectItem>
 #include <QGraphicsScene>
-#include <QGraphicsSceneMouseEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,36 +25,13 @@ using Calls = std::vector<std::string>;
 
 namespace
 {
-// Stands in for a map object's item: tagged with data 100/101 and recording
-// presses on the event object the way the library's items do.
-class TaggedItem : public QGraphicsRectItem
-{
-public:
-    TaggedItem(int id, QObject* events) : QGraphicsRectItem(-10, -10, 20, 20), m_id(id), m_events(events)
-    {
-        setData(100, true);
-        setData(101, id);
-    }
-
-protected:
-    void mousePressEvent(QGraphicsSceneMouseEvent* event) override
-    {
-        const char* name = ZoGraphicsConstantNS::STR_SCENE_MOUSE_PRESS.c_str();
-        m_events->setProperty(name, m_events->property(name).toList() << m_id);
-        event->ignore();
-    }
-
-private:
-    int m_id;
-    QObject* m_events;
-};
-
 class MapViewTest : public testing::Test
 {
 protected:
     void SetUp() override
     {
         module.SetZoomAround(3.0, 0.0, 0.0);
+        ASSERT_TRUE(graphics.Initialise("view", &module));
         view = std::make_unique<CZoMapView>(&module);
         view->SetBasemapDataDir(QStringLiteral(ZO_SOURCE_DATA_DIR));
         view->resize(400, 300);
@@ -64,15 +39,22 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
         module.RegisterEventHandler(&handler, 0);
     }
-    void TearDown() override { module.UnregisterEventHandler(&handler); }
+    void TearDown() override
+    {
+        module.UnregisterEventHandler(&handler);
+        graphics.Unintialise();
+    }
 
     QPoint Centre() const { return QPoint(view->viewport()->width() / 2, view->viewport()->height() / 2); }
-    TaggedItem* AddItemAt(int id, const QPoint& viewPoint)
+    // An interactive dot of the graphics library over a view point.
+    IZoDotMapObject* DotAt(const QPoint& viewPoint)
     {
-        auto* item = new TaggedItem(id, module.GetEventObject());
-        item->setPos(view->mapToScene(viewPoint));
-        module.GetScene()->addItem(item);
-        return item;
+        const QPointF geo = GeoAt(viewPoint);
+        IZoDotMapObject* dot = graphics.CreateDotMapObject("dot", nullptr);
+        dot->SetPosition(CVector3D(geo.x(), geo.y(), 0.0));
+        dot->SetRadius(8.0);
+        dot->SetInteractive(true);
+        return dot;
     }
     void Send(QEvent::Type type, const QPoint& at, Qt::MouseButton button = Qt::NoButton,
               Qt::MouseButtons buttons = Qt::NoButton)
@@ -114,9 +96,14 @@ protected:
         EXPECT_NEAR(shown.x(), expected.x(), 1.5);
         EXPECT_NEAR(shown.y(), expected.y(), 1.5);
     }
-    static std::string Where(const QPoint& p) { return std::to_string(p.x()) + "," + std::to_string(p.y()); }
+    static std::string Where(const QPoint& p, const IZoGraphicsMapObject* object)
+    {
+        return std::to_string(p.x()) + "," + std::to_string(p.y()) + " #" +
+               std::to_string(object ? object->GetObjectID() : -1);
+    }
 
     CZoMapModule module;
+    CZoGraphicsModule graphics;
     std::unique_ptr<CZoMapView> view;
     MapHostRecordingHandler handler{"view"};
 };
@@ -146,12 +133,12 @@ TEST_F(MapViewTest, CentreOfTheModuleSitsInTheMiddleAtEveryLevel)
 TEST_F(MapViewTest, PressesAndHoverReachTheHandlersWithTheTopmostMapObject)
 {
     const QPoint over = Centre() + QPoint(60, 20);
-    TaggedItem* lower = AddItemAt(41, over);
-    TaggedItem* upper = AddItemAt(42, over);
-    upper->setZValue(lower->zValue() + 1);
+    IZoDotMapObject* lower = DotAt(over);
+    IZoDotMapObject* upper = DotAt(over);
+    upper->SetZValue(lower->GetZValue() + 1);
     // An untagged child (a label) belongs to its tagged parent; an untagged
     // item on top is no map object.
-    (new QGraphicsRectItem(-3, -3, 6, 6, upper))->setZValue(5);
+    (new QGraphicsRectItem(-3, -3, 6, 6, upper->GetQtItem()))->setZValue(5);
     auto* decoration = new QGraphicsRectItem(-5, -5, 10, 10);
     decoration->setPos(view->mapToScene(over));
     decoration->setZValue(10);
@@ -160,15 +147,20 @@ TEST_F(MapViewTest, PressesAndHoverReachTheHandlersWithTheTopmostMapObject)
     Send(QEvent::MouseButtonPress, over, Qt::LeftButton, Qt::LeftButton);
     Send(QEvent::MouseButtonRelease, over, Qt::LeftButton);
     Send(QEvent::MouseButtonPress, QPoint(5, 5), Qt::RightButton, Qt::RightButton);
-    EXPECT_EQ(handler.CallsOf("OnMousePress"), (Calls{"OnMousePress " + Where(over) + " #42", "OnMousePress 5,5 #-1"}));
-    EXPECT_EQ(handler.CallsOf("OnMouseRelease"), Calls{"OnMouseRelease " + Where(over) + " #42"});
+    EXPECT_EQ(handler.CallsOf("OnMousePress"),
+              (Calls{"OnMousePress " + Where(over, upper), "OnMousePress " + Where(QPoint(5, 5), nullptr)}));
+    EXPECT_EQ(handler.CallsOf("OnMouseRelease"), Calls{"OnMouseRelease " + Where(over, upper)});
     // What the items recorded goes out once through the signal.
-    ASSERT_GE(published.count(), 1);
-    EXPECT_EQ(published.at(0).at(0).toString(), QStringLiteral("Scene_MousePress"));
-    EXPECT_EQ(published.at(0).at(1).toList(), (QVariantList{42, 41}));
+    QVariantList pressed;
+    for (const QList<QVariant>& signal : published)
+    {
+        if (signal.at(0).toString() == QStringLiteral("Scene_MousePress"))
+            pressed += signal.at(1).toList();
+    }
+    EXPECT_EQ(pressed, (QVariantList{upper->GetObjectID(), lower->GetObjectID()}));
     EXPECT_FALSE(module.GetEventObject()->property("Scene_MousePress").isValid());
 
-    upper->setVisible(false);
+    upper->SetVisible(false);
     handler.calls.clear();
     QSignalSpy pointer(view.get(), &CZoMapView::pointerGeoChanged);
     for (const QPoint& p : {Centre(), over, over + QPoint(2, 0), Centre(), over})
@@ -176,12 +168,23 @@ TEST_F(MapViewTest, PressesAndHoverReachTheHandlersWithTheTopmostMapObject)
     QEvent leave(QEvent::Leave); // leaving the view leaves the object too
     QApplication::sendEvent(view->viewport(), &leave);
     EXPECT_EQ(handler.CallsOf("OnHover"),
-              (Calls{"OnHoverEnter " + Where(over) + " #41", "OnHoverLeave " + Where(Centre()) + " #41",
-                     "OnHoverEnter " + Where(over) + " #41", "OnHoverLeave " + Where(over) + " #41"}));
+              (Calls{"OnHoverEnter " + Where(over, lower), "OnHoverLeave " + Where(Centre(), lower),
+                     "OnHoverEnter " + Where(over, lower), "OnHoverLeave " + Where(over, lower)}));
     EXPECT_EQ(handler.CallsOf("OnMouseMove").size(), 5u);
     ASSERT_EQ(pointer.count(), 6);
     EXPECT_TRUE(pointer.at(4).at(0).toBool());
     EXPECT_FALSE(pointer.at(5).at(0).toBool());
+
+    // The dot follows the host's levels and centre.
+    for (double zoom : {2.0, 7.5, 12.25})
+    {
+        module.SetZoom(zoom);
+        module.SetCenter(zoom, -zoom);
+        int px = 0, py = 0;
+        const CVector3D at = lower->GetPosition();
+        EXPECT_TRUE(module.ConvertSceneToPixel(&px, &py, at.x, at.y));
+        EXPECT_EQ(lower->GetQtItem()->pos(), QPointF(px, py)) << "zoom " << zoom;
+    }
 }
 
 TEST_F(MapViewTest, DraggingTheEmptyMapPansAndTheWheelZoomsAboutThePointer)
@@ -211,16 +214,16 @@ TEST_F(MapViewTest, DraggingTheEmptyMapPansAndTheWheelZoomsAboutThePointer)
 // goes, and hover waits.
 TEST_F(MapViewTest, AConsumedPressHoldsThePointerUntilTheRelease)
 {
-    AddItemAt(5, Centre());
+    const std::string held = "#" + std::to_string(DotAt(Centre())->GetObjectID());
     handler.consume.insert("OnMousePress");
     const QPointF before = Center();
     Send(QEvent::MouseMove, Centre());
     Drag(Centre(), Centre() + QPoint(120, 90));
     EXPECT_EQ(Center(), before);
     for (const std::string& call : handler.CallsOf("OnMouseMove"))
-        EXPECT_NE(call.find("#5"), std::string::npos) << call;
+        EXPECT_NE(call.find(held), std::string::npos) << call;
     ASSERT_EQ(handler.CallsOf("OnMouseRelease").size(), 1u);
-    EXPECT_NE(handler.CallsOf("OnMouseRelease")[0].find("#5"), std::string::npos);
+    EXPECT_NE(handler.CallsOf("OnMouseRelease")[0].find(held), std::string::npos);
     EXPECT_EQ(handler.CallsOf("OnHoverLeave").size(), 1u); // told at the release
     handler.calls.clear();
     handler.consume.clear();
@@ -284,50 +287,4 @@ TEST(MapViewWithoutModule, StaysInertAndSafe)
         QTest::keyClick(target, Qt::Key_Plus);
         EXPECT_FALSE(target->grab().isNull());
     }
-}
-
-TEST(MapHostGraphics, ADotFollowsTheLevelAndAPressOnItReachesHandlersAndTheSignal)
-{
-    CZoMapModule map;
-    map.SetZoomAround(5.0, 13.4, 52.52);
-    CZoGraphicsModule graphics;
-    ASSERT_TRUE(graphics.Initialise("host-graphics", &map));
-    IZoDotMapObject* dot = graphics.CreateDotMapObject("Berlin", nullptr);
-    dot->SetPosition(CVector3D(13.4, 52.52, 0.0));
-    dot->SetRadius(8.0);
-    dot->SetInteractive(true);
-    QGraphicsItem* item = dot->GetQtItem();
-    EXPECT_EQ(item->scene(), map.GetScene());
-    for (double zoom : {2.0, 7.5, 12.25, 4.0})
-    {
-        map.SetZoom(zoom);
-        int px = 0, py = 0;
-        EXPECT_TRUE(map.ConvertSceneToPixel(&px, &py, 13.4, 52.52));
-        EXPECT_EQ(item->pos(), QPointF(px, py)) << "zoom " << zoom;
-    }
-
-    CZoMapView view(&map);
-    view.resize(300, 200);
-    view.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-    MapHostRecordingHandler handler("view");
-    map.RegisterEventHandler(&handler, 0);
-    QSignalSpy published(&view, &CZoMapView::sceneEvent);
-    const QPoint at = view.mapFromScene(item->pos());
-    QMouseEvent press(QEvent::MouseButtonPress, at, view.viewport()->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &press);
-    const std::vector<std::string> presses = handler.CallsOf("OnMousePress");
-    ASSERT_EQ(presses.size(), 1u);
-    EXPECT_EQ(presses[0].substr(presses[0].find('#')), "#" + std::to_string(dot->GetObjectID()));
-    // The press also brings hover records along; the press record holds the dot.
-    QVariantList pressed;
-    for (const QList<QVariant>& signal : published)
-    {
-        if (signal.at(0).toString() == QStringLiteral("Scene_MousePress"))
-            pressed = signal.at(1).toList();
-    }
-    EXPECT_EQ(pressed, QVariantList{dot->GetObjectID()});
-    map.UnregisterEventHandler(&handler);
-    graphics.Unintialise();
 }
