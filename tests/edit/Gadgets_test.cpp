@@ -236,6 +236,7 @@ TEST_F(GadgetTest, DisablingOrAnotherUserEndsTheDragSilently)
         EXPECT_EQ(module.LookupGraphicObject(id), nullptr);
         gadget->AttachEditableUser(&user); // without a module: ignored
         EXPECT_EQ(gadget->GetEditableUser(), nullptr);
+        EXPECT_FALSE(gadget->Initialise(nullptr, nullptr));
         module.DestroyGraphicsEditObject(gadget);
         user.calls.clear();
         other.calls.clear();

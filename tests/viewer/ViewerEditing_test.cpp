@@ -56,8 +56,10 @@ protected:
         line = graphics.CreatePolylineMapObject("route", nullptr);
         line->SetData({CVector3D(130.0, -20.0, 0), CVector3D(134.0, -22.0, 0), CVector3D(136.0, -32.0, 0)});
         line->SetInteractive(true);
-        editor->AddEditable(rect);
-        editor->AddEditable(line);
+        dot = graphics.CreateDotMapObject("town", nullptr);
+        dot->SetPosition(CVector3D(128.0, -30.0, 0));
+        for (IZoGraphicsMapObject* object : std::initializer_list<IZoGraphicsMapObject*>{rect, line, dot})
+            editor->AddEditable(object);
     }
     void TearDown() override
     {
@@ -108,6 +110,7 @@ protected:
     std::unique_ptr<CViewerEditor> editor;
     IZoRectangleMapObject* rect = nullptr;
     IZoPolylineMapObject* line = nullptr;
+    IZoDotMapObject* dot = nullptr;
 };
 } // namespace
 
@@ -127,13 +130,8 @@ TEST_F(ViewerEditingTest, AClickSelectsAndTheBallMovesTheObjectInOneUndoStep)
     ExpectExtent(rect->GetExtent(), EXTENT{138.0, -30.0, 142.0, -26.0});
     EXPECT_EQ(editor->GetUndoStack()->count(), 0);
 
-    // A pointer jumping far past the handle still drags it: the view holds
-    // the pointer for the gadget that took the press.
-    const QPoint to = from + QPoint(200, -120);
-    Send(QEvent::MouseMove, from, Qt::NoButton);
-    Send(QEvent::MouseButtonPress, from, Qt::LeftButton);
-    Send(QEvent::MouseMove, to, Qt::LeftButton);
-    Send(QEvent::MouseButtonRelease, to, Qt::NoButton);
+    const QPoint to = from + QPoint(90, 40);
+    Drag(from, to);
     const CVector3D moved = Geo(to);
     ExpectExtent(rect->GetExtent(), EXTENT{moved.x - 2.0, moved.y - 2.0, moved.x + 2.0, moved.y + 2.0});
     EXPECT_EQ(At(ball->GetDot()), to);
@@ -143,6 +141,17 @@ TEST_F(ViewerEditingTest, AClickSelectsAndTheBallMovesTheObjectInOneUndoStep)
     EXPECT_EQ(At(ball->GetDot()), from);
     editor->GetUndoStack()->redo();
     EXPECT_NEAR(rect->GetExtent().xmin, moved.x - 2.0, kTolerance);
+
+    // A pointer jumping far past the handle still drags it: the view holds
+    // the pointer for the gadget that took the press.
+    editor->Select(dot);
+    const QPoint town = At(ball->GetDot());
+    Send(QEvent::MouseMove, town, Qt::NoButton);
+    Send(QEvent::MouseButtonPress, town, Qt::LeftButton);
+    Send(QEvent::MouseMove, town + QPoint(200, -120), Qt::LeftButton);
+    Send(QEvent::MouseButtonRelease, town + QPoint(200, -120), Qt::NoButton);
+    EXPECT_EQ(At(dot), town + QPoint(200, -120));
+    EXPECT_EQ(editor->GetUndoStack()->count(), 2);
 }
 
 TEST_F(ViewerEditingTest, TheScaleBoxResizesAndTheAxisTurnsEachInOneUndoStep)
