@@ -1,0 +1,544 @@
+// What the four gadgets share, over one table: the gesture (press, moves,
+// release or Escape, a click within the drag distance), the users, and hosts
+// that pull things from under them (their handles' layer cleared, the module
+// torn down, the gadget given back, from outside and from inside the
+// gadget's own callbacks). Then what each gadget makes of a drag: the ball's
+// position, the box's sides, the axis's angle swept around its pivot.
+#include "edit/CKeyPointSet.h"
+#include "edit/CRotationAxis.h"
+#include "edit/CScaleBox.h"
+#include "edit/CTranslateBall.h"
+#include "support/EditGadgetFixture.h"
+
+#include <ZoGraphics/IZoDotMapObject.h>
+#include <ZoGraphics/IZoPolylineMapObject.h>
+#include <ZoGraphics/IZoRectangleMapObject.h>
+#include <ZoGraphics/IZoTextMapObject.h>
+#include <ZoGraphics/ZoCoreUtility.h>
+
+#include <QApplication>
+#include <QGraphicsItem>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+using Calls = std::vector<std::string>;
+
+namespace
+{
+using Creator = IZoGraphicsEditObject* (IZoGraphicsModule::*)(IZoGraphicsMapLayer*);
+
+struct SGadgetKind
+{
+    const char* name;
+    Creator create;
+    // The handle a drag takes hold of.
+    IZoGraphicsMapObject* (*handle)(IZoGraphicsEditObject*);
+    // The user's operations of the gesture, as recorded.
+    const char* start;
+    const char* process;
+    const char* complete;
+    const char* backout;
+    // What a click completes with and Escape backs out to: the value before the press.
+    const char* clicked;
+    const char* backedOut;
+};
+
+const SGadgetKind kKinds[] = {
+    {"translate", &IZoGraphicsModule::CreateTranslateEditObject,
+     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* { return static_cast<CTranslateBall*>(g)->GetDot(); },
+     "StartTranslation", "ProcessTranslation", "CompleteTranslation", "BackoutTranslation",
+     "CompleteTranslation 2.0000,3.0000", "BackoutTranslation 2.0000,3.0000"},
+    {"rotation", &IZoGraphicsModule::CreateRotationEditObject,
+     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* { return static_cast<CRotationAxis*>(g)->GetDot(); },
+     "StartRotation", "ProcessRotation", "CompleteRotation", "BackoutRotation", "CompleteRotation 30.0000",
+     "BackoutRotation 30.0000"},
+    {"scale", &IZoGraphicsModule::CreateScaleEditObject,
+     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* { return static_cast<CScaleBox*>(g)->GetHandle(2); },
+     "StartScale", "ProcessScale", "CompleteScale", "BackoutScale", "CompleteScale 1.0000,2.0000,3.0000,4.0000",
+     "BackoutScale 1.0000,2.0000,3.0000,4.0000"},
+    {"key points", &IZoGraphicsModule::CreateKeyPointSetEditObject,
+     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* {
+         return static_cast<CKeyPointSet*>(g)->GetPointHandle(1);
+     },
+     "StartTranslation", "ProcessKeyPoint", "CompleteKeyPoint", "BackoutKeyPoint", "CompleteKeyPoint 1 2.0000,0.0000",
+     "BackoutKeyPoint 1 2.0000,0.0000"},
+};
+
+class GadgetTest : public ModuleFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModuleFixture::SetUp();
+        for (RecordingEditableUser* u : {&user, &other})
+        {
+            u->position = CVector3D(2.0, 3.0, 0.0);
+            u->rotation = 30.0;
+            u->controlPoint = CVector3D(1.0, 1.0, 0.0);
+            u->box = EXTENT{1.0, 2.0, 3.0, 4.0};
+            u->points = {CVector3D(0.0, 0.0, 0.0), CVector3D(2.0, 0.0, 0.0), CVector3D(2.0, 2.0, 0.0)};
+        }
+    }
+    // Made on a module, attached and placed.
+    IZoGraphicsEditObject* Make(IZoGraphicsModule& graphics, const SGadgetKind& kind)
+    {
+        IZoGraphicsEditObject* gadget = (graphics.*kind.create)(nullptr);
+        gadget->AttachEditableUser(&user);
+        gadget->UpdateEditor(0);
+        return gadget;
+    }
+    // Press on the handle, two moves well past the drag distance, then a
+    // release or Escape; stops once the gadget is given back.
+    void Gesture(IZoGraphicsEditObject* gadget, int id, bool escape, const bool& gone = false)
+    {
+        gadget->OnMousePress(&view, 0, 0, id);
+        for (QPoint p : {QPoint(50, -50), QPoint(60, -40)})
+        {
+            if (!gone)
+                gadget->OnMouseMove(&view, p.x(), p.y(), id);
+        }
+        if (!gone && escape)
+            gadget->OnKeyPress(&view, Qt::Key_Escape);
+        else if (!gone)
+            gadget->OnMouseRelease(&view, 60, -40, id);
+    }
+    static Calls Names(const Calls& calls)
+    {
+        Calls names;
+        for (const std::string& call : calls)
+            names.push_back(call.substr(0, call.find(' ')));
+        return names;
+    }
+    // Everything a host may still do with a gadget whose handles are gone.
+    void UseAfterLoss(IZoGraphicsEditObject* gadget, int id)
+    {
+        gadget->OnHoverEnter(&view, 0, 0, id);
+        gadget->OnMouseMove(&view, 30, -30, id);
+        gadget->OnMouseRelease(&view, 30, -30, id);
+        gadget->OnKeyPress(&view, Qt::Key_Escape);
+        gadget->UpdateEditor(0);
+        gadget->SetVisible(false);
+        gadget->AttachEditableUser(&other);
+        gadget->SetEditorPoint(CVector3D(1.0, 1.0, 0.0), 0);
+        gadget->DetachEditableUser();
+    }
+
+    RecordingEditableUser user;
+    RecordingEditableUser other;
+    FakeEditView view;
+};
+} // namespace
+
+TEST_F(GadgetTest, ADragStartsProcessesAndCompletesWithTheHandlesCursor)
+{
+    IZoGraphicsMapLayer* layer = module.CreateGraphicsLayer("edit");
+    for (const SGadgetKind& kind : kKinds)
+    {
+        SCOPED_TRACE(kind.name);
+        auto* gadget = static_cast<CZoEditObjectBase*>((module.*kind.create)(layer));
+        EXPECT_EQ(gadget->GetGraphicsModule(), &module);
+        EXPECT_NE(std::find(map.handlers.begin(), map.handlers.end(), gadget), map.handlers.end());
+        gadget->AttachEditableUser(&user);
+        gadget->UpdateEditor(0);
+        IZoGraphicsMapObject* handle = kind.handle(gadget);
+        EXPECT_EQ(handle->GetGraphicsMapLayer(), layer);
+        const int id = handle->GetObjectID();
+        view.area.viewport()->setCursor(Qt::CrossCursor);
+        // The handle's cursor, its picture loaded from the resources.
+        const auto loaded = [this] {
+            return view.Shape() != Qt::BitmapCursor || !view.area.viewport()->cursor().pixmap().isNull();
+        };
+        EXPECT_TRUE(gadget->OnHoverEnter(&view, 0, 0, id));
+        EXPECT_NE(view.Shape(), Qt::CrossCursor);
+        EXPECT_TRUE(loaded());
+        EXPECT_FALSE(gadget->OnMousePress(&view, 0, 0, -1) || gadget->OnMousePress(nullptr, 0, 0, id));
+        EXPECT_TRUE(gadget->OnMousePress(&view, 0, 0, id));
+        EXPECT_TRUE(loaded());
+        EXPECT_TRUE(gadget->IsDragging());
+        EXPECT_TRUE(gadget->OnMouseMove(&view, 50, -50, id) && gadget->OnMouseMove(&view, 60, -40, id));
+        EXPECT_TRUE(gadget->OnMouseRelease(&view, 60, -40, id));
+        EXPECT_FALSE(gadget->IsDragging());
+        EXPECT_EQ(Names(user.calls), (Calls{kind.start, kind.process, kind.process, kind.complete}));
+        EXPECT_EQ(view.Shape(), Qt::CrossCursor);
+        module.DestroyGraphicsEditObject(gadget);
+        EXPECT_EQ(std::find(map.handlers.begin(), map.handlers.end(), gadget), map.handlers.end());
+        user.calls.clear();
+    }
+    module.DestroyGraphicsEditObject(nullptr);
+}
+
+TEST_F(GadgetTest, AClickChangesNothingAndEscapeBacksOutToTheStart)
+{
+    const int near = QApplication::startDragDistance() / 2 - 1;
+    for (const SGadgetKind& kind : kKinds)
+    {
+        SCOPED_TRACE(kind.name);
+        auto* gadget = static_cast<CZoEditObjectBase*>(Make(module, kind));
+        const int id = kind.handle(gadget)->GetObjectID();
+        const QPointF before = kind.handle(gadget)->GetQtItem()->pos();
+        gadget->OnMousePress(&view, 20, -20, id);
+        EXPECT_TRUE(gadget->OnMouseMove(&view, 20 + near, -20 - near, id));
+        EXPECT_TRUE(gadget->OnMouseRelease(&view, 20 + near, -20, id));
+        EXPECT_EQ(user.calls, (Calls{kind.start, kind.clicked}));
+
+        EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
+        gadget->OnMousePress(&view, 0, 0, id);
+        gadget->OnMouseMove(&view, 50, -50, id);
+        EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_A));
+        EXPECT_TRUE(gadget->OnKeyPress(&view, Qt::Key_Escape));
+        EXPECT_EQ(user.calls.back(), kind.backedOut);
+        EXPECT_EQ(kind.handle(gadget)->GetQtItem()->pos(), before);
+        EXPECT_FALSE(gadget->IsDragging());
+        EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
+        module.DestroyGraphicsEditObject(gadget);
+        user.calls.clear();
+    }
+}
+
+TEST_F(GadgetTest, DisablingOrAnotherUserEndsTheDragSilently)
+{
+    for (const SGadgetKind& kind : kKinds)
+    {
+        SCOPED_TRACE(kind.name);
+        auto* gadget = static_cast<CZoEditObjectBase*>(Make(module, kind));
+        IZoGraphicsMapObject* handle = kind.handle(gadget);
+        const int id = handle->GetObjectID();
+        gadget->OnMousePress(&view, 0, 0, id);
+        gadget->OnMouseMove(&view, 50, -50, id);
+        gadget->SetEnabled(false);
+        EXPECT_FALSE(gadget->IsDragging());
+        EXPECT_FALSE(gadget->OnMouseRelease(&view, 50, -50, id));
+        EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
+        EXPECT_FALSE(gadget->OnHoverEnter(&view, 50, -50, id));
+        gadget->SetEnabled(true);
+        EXPECT_FALSE(gadget->OnMouseRelease(&view, 50, -50, id));
+        EXPECT_EQ(user.calls.size(), 2u);
+
+        // A new user mid-drag: the drag ends, the handles stay, and only the
+        // new user hears of the next one.
+        gadget->OnMousePress(&view, 0, 0, id);
+        gadget->AttachEditableUser(&other);
+        EXPECT_FALSE(gadget->IsDragging());
+        EXPECT_EQ(kind.handle(gadget), handle);
+        Gesture(gadget, id, false);
+        EXPECT_EQ(user.calls.size(), 3u);
+        EXPECT_EQ(Names(other.calls), (Calls{kind.start, kind.process, kind.process, kind.complete}));
+
+        // Detached: hidden and deaf; uninitialised: the handles destroyed.
+        gadget->DetachEditableUser();
+        gadget->SetVisible(true);
+        EXPECT_FALSE(handle->IsVisible());
+        EXPECT_FALSE(gadget->OnMousePress(&view, 0, 0, id));
+        gadget->Unintialise();
+        EXPECT_EQ(module.LookupGraphicObject(id), nullptr);
+        gadget->AttachEditableUser(&user); // without a module: ignored
+        EXPECT_EQ(gadget->GetEditableUser(), nullptr);
+        EXPECT_FALSE(gadget->Initialise(nullptr, nullptr));
+        module.DestroyGraphicsEditObject(gadget);
+        user.calls.clear();
+        other.calls.clear();
+    }
+}
+
+TEST_F(GadgetTest, ClearingTheHandlesLayerMidDragEndsTheDragAndNewHandlesFollow)
+{
+    for (const SGadgetKind& kind : kKinds)
+    {
+        SCOPED_TRACE(kind.name);
+        IZoGraphicsEditObject* gadget = Make(module, kind);
+        const int id = kind.handle(gadget)->GetObjectID();
+        gadget->OnMousePress(&view, 0, 0, id);
+        DefaultLayer()->DestroyAllMapObjects();
+        EXPECT_EQ(kind.handle(gadget), nullptr);
+        EXPECT_FALSE(gadget->OnMouseMove(&view, 50, -50, id));
+        EXPECT_EQ(user.calls, Calls{kind.start}); // nothing processed or completed
+        UseAfterLoss(gadget, id);
+        // The next update makes the handles anew.
+        gadget->AttachEditableUser(&user);
+        gadget->UpdateEditor(0);
+        ASSERT_NE(kind.handle(gadget), nullptr);
+        EXPECT_NE(kind.handle(gadget)->GetObjectID(), id);
+        module.DestroyGraphicsEditObject(gadget);
+        user.calls.clear();
+    }
+}
+
+TEST_F(GadgetTest, AGadgetOutlivesItsLayerAndStaysInert)
+{
+    IZoGraphicsMapLayer* layer = module.CreateGraphicsLayer("edit");
+    const int objects = module.GetRegisteredObjectCount();
+    std::vector<IZoGraphicsEditObject*> gadgets;
+    for (const SGadgetKind& kind : kKinds)
+        gadgets.push_back((module.*kind.create)(layer));
+    module.DestroyGraphicsLayer(layer);
+    // No handle lands on another layer in the freed one's place.
+    for (IZoGraphicsEditObject* gadget : gadgets)
+    {
+        gadget->AttachEditableUser(&user);
+        gadget->UpdateEditor(0);
+        UseAfterLoss(gadget, -1);
+        module.DestroyGraphicsEditObject(gadget);
+    }
+    EXPECT_EQ(module.GetRegisteredObjectCount(), objects);
+    // The module torn down first has destroyed the handles already.
+    IZoGraphicsEditObject* late = Make(module, kKinds[0]);
+    UnintialiseNow();
+    module.DestroyGraphicsEditObject(late);
+}
+
+TEST_F(GadgetTest, TheModuleTornDownOrTheGadgetGivenBackInsideAnyCallback)
+{
+    for (const SGadgetKind& kind : kKinds)
+    {
+        for (const char* trigger : {kind.start, kind.process, kind.complete, kind.backout})
+        {
+            SCOPED_TRACE(std::string(kind.name) + " in " + trigger);
+            CZoGraphicsModule graphics;
+            ASSERT_TRUE(graphics.Initialise("torn", &map));
+            IZoGraphicsEditObject* gadget = Make(graphics, kind);
+            int id = kind.handle(gadget)->GetObjectID();
+            user.onCall = [&](const std::string& operation) {
+                if (operation == trigger)
+                    graphics.Unintialise();
+            };
+            Gesture(gadget, id, trigger == kind.backout);
+            EXPECT_EQ(Names(user.calls).back(), trigger);
+            user.onCall = nullptr;
+            UseAfterLoss(gadget, id);
+            EXPECT_EQ(kind.handle(gadget), nullptr);
+            graphics.DestroyGraphicsEditObject(gadget);
+
+            gadget = Make(module, kind);
+            id = kind.handle(gadget)->GetObjectID();
+            bool gone = false;
+            user.onCall = [&](const std::string& operation) {
+                if (operation == trigger && !gone)
+                {
+                    module.DestroyGraphicsEditObject(gadget);
+                    gone = true;
+                }
+            };
+            Gesture(gadget, id, trigger == kind.backout, gone);
+            user.onCall = nullptr;
+            ASSERT_TRUE(gone);
+            EXPECT_EQ(module.LookupGraphicObject(id), nullptr);
+            EXPECT_EQ(std::find(map.handlers.begin(), map.handlers.end(), gadget), map.handlers.end());
+            user.calls.clear();
+        }
+    }
+}
+
+TEST_F(GadgetTest, ABackoutTheUserTakesKeepsTheStartForTheNextOne)
+{
+    // Translate ball and scale box: the start stays after a backout the user
+    // handled, and a press the user starts itself records none.
+    for (const SGadgetKind* kind : {&kKinds[0], &kKinds[2]})
+    {
+        SCOPED_TRACE(kind->name);
+        IZoGraphicsEditObject* gadget = Make(module, *kind);
+        const int id = kind->handle(gadget)->GetObjectID();
+        user.takeOver = {kind->backout};
+        Gesture(gadget, id, true);
+        user.takeOver = {kind->start, kind->backout};
+        Gesture(gadget, id, true);
+        EXPECT_EQ(user.calls.back(), kind->backedOut);
+        // Backed out by the gadget itself: the ball forgets its start, the
+        // box keeps it.
+        user.takeOver = {};
+        Gesture(gadget, id, true);
+        user.takeOver = {kind->start};
+        Gesture(gadget, id, true);
+        EXPECT_EQ(user.calls.back(), kind == &kKinds[0] ? "BackoutTranslation 0.0000,0.0000" : kind->backedOut);
+        module.DestroyGraphicsEditObject(gadget);
+        user.calls.clear();
+    }
+}
+
+TEST_F(GadgetTest, TheBallFollowsThePointerUnlessTheUserMovesItsThing)
+{
+    auto* ball = static_cast<CTranslateBall*>(Make(module, kKinds[0]));
+    const int id = ball->GetDot()->GetObjectID();
+    ball->OnMousePress(&view, 20, -30, id);
+    ball->OnMouseMove(&view, 25, -35, id);
+    EXPECT_EQ(ball->GetDot()->GetPosition(), CVector3D(2.5, 3.5, 0.0));
+    EXPECT_FALSE(ball->OnMouseMove(&view, 90, -90, -1)); // the pointer outran the dot
+    ball->OnMouseRelease(&view, 30, -40, id);
+    EXPECT_EQ(ball->GetDot()->GetPosition(), CVector3D(3.0, 4.0, 0.0));
+    EXPECT_EQ(user.calls, (Calls{"StartTranslation", "ProcessTranslation 2.5000,3.5000",
+                                 "CompleteTranslation 3.0000,4.0000"}));
+    user.takeOver = {"ProcessTranslation", "CompleteTranslation"};
+    ball->UpdateEditor(0); // the user's thing itself never moved
+    Gesture(ball, id, false);
+    EXPECT_EQ(ball->GetDot()->GetPosition(), user.position);
+    ball->SetEditorPoint(CVector3D(5.0, 5.0, 0.0), 0);
+    ball->SetEditorPoint(CVector3D(7.0, 7.0, 0.0), 1);
+    ball->UpdateEditor(1);
+    EXPECT_EQ(ball->GetDot()->GetPosition(), CVector3D(5.0, 5.0, 0.0));
+    module.DestroyGraphicsEditObject(ball);
+}
+
+TEST_F(GadgetTest, TheBoxsHandlesSitOnCornersAndIntegerMidpointsAndEachMovesItsSides)
+{
+    auto* box = static_cast<CScaleBox*>(Make(module, kKinds[2]));
+    const CVector3D expected[] = {{1.0, 4.0, 0.0}, {3.0, 4.0, 0.0}, {3.0, 2.0, 0.0}, {1.0, 2.0, 0.0},
+                                  {2.0, 4.0, 0.0}, {3.0, 3.0, 0.0}, {2.0, 2.0, 0.0}, {1.0, 3.0, 0.0}};
+    const Qt::CursorShape cursors[] = {Qt::SizeFDiagCursor, Qt::SizeBDiagCursor, Qt::SizeFDiagCursor,
+                                       Qt::SizeBDiagCursor, Qt::SizeVerCursor,   Qt::SizeHorCursor,
+                                       Qt::SizeVerCursor,   Qt::SizeHorCursor};
+    const char* boxes[] = {"0.0000,2.0000,3.0000,5.0000", "1.0000,2.0000,0.0000,5.0000",
+                           "1.0000,5.0000,0.0000,4.0000", "0.0000,5.0000,3.0000,4.0000",
+                           "1.0000,2.0000,3.0000,5.0000", "1.0000,2.0000,0.0000,4.0000",
+                           "1.0000,5.0000,3.0000,4.0000", "0.0000,2.0000,3.0000,4.0000"};
+    for (int i = 0; i < CScaleBox::kHandleCount; ++i)
+    {
+        SCOPED_TRACE(i);
+        user.calls.clear();
+        box->UpdateEditor(0);
+        const int id = box->GetHandle(i)->GetObjectID();
+        EXPECT_EQ(box->GetHandle(i)->GetPosition(), expected[i]);
+        box->OnHoverEnter(&view, 0, 0, id);
+        EXPECT_EQ(view.Shape(), cursors[i]);
+        box->OnHoverLeave(&view, 0, 0, id);
+        user.takeOver = {"CompleteScale"};
+        box->OnMousePress(&view, 0, 0, id);
+        box->OnMouseMove(&view, 0, -50, id);
+        box->OnMouseRelease(&view, 0, -50, id);
+        EXPECT_EQ(user.calls[1], std::string("ProcessScale ") + boxes[i]);
+    }
+    // 10 to 21 pixels: the midpoint 15.5 drops its half pixel.
+    user.box = EXTENT{1.0, 2.0, 2.1, 4.1};
+    box->UpdateEditor(0);
+    EXPECT_DOUBLE_EQ(box->GetHandle(4)->GetPosition().x, 1.5);
+    EXPECT_DOUBLE_EQ(box->GetHandle(5)->GetPosition().y, 3.0);
+    // A box that is not finite leaves the handles where they are.
+    user.box = EXTENT{1.0, std::numeric_limits<double>::quiet_NaN(), 3.0, std::numeric_limits<double>::infinity()};
+    box->UpdateEditor(0);
+    EXPECT_DOUBLE_EQ(box->GetHandle(4)->GetPosition().x, 1.5);
+    module.DestroyGraphicsEditObject(box);
+}
+
+TEST_F(GadgetTest, TheBoxsFrameFollowsUnderTheHandlesAndIsNormalisedOnRelease)
+{
+    auto* box = static_cast<CScaleBox*>(Make(module, kKinds[2]));
+    IZoRectangleMapObject* frame = box->GetFrame();
+    const auto shown = [frame] { return RecordingEditableUser::Box(frame->GetExtent()); };
+    const int id = box->GetHandle(0)->GetObjectID();
+    // The top-left handle dragged beyond the bottom-right corner.
+    box->OnMousePress(&view, 0, 0, id);
+    box->OnMouseMove(&view, 20, -30, id);
+    box->OnMouseMove(&view, 50, -10, id);
+    EXPECT_TRUE(frame->IsVisible());
+    EXPECT_EQ(shown(), "5.0000,2.0000,3.0000,1.0000"); // inverted while moving
+    EXPECT_EQ(box->GetHandle(2)->GetPosition(), CVector3D(3.0, 2.0, 0.0));
+    const QList<QGraphicsItem*> order = map.Scene()->items(Qt::DescendingOrder);
+    for (int i = 0; i < CScaleBox::kHandleCount; ++i)
+        EXPECT_LT(order.indexOf(box->GetHandle(i)->GetQtItem()), order.indexOf(frame->GetQtItem())) << i;
+    box->OnMouseRelease(&view, 50, -10, id);
+    EXPECT_EQ(user.calls, (Calls{"StartScale", "ProcessScale 2.0000,2.0000,3.0000,3.0000",
+                                 "ProcessScale 5.0000,2.0000,3.0000,1.0000",
+                                 "CompleteScale 3.0000,1.0000,5.0000,2.0000"}));
+    EXPECT_FALSE(frame->IsVisible());
+    EXPECT_EQ(shown(), "3.0000,1.0000,5.0000,2.0000");
+    EXPECT_EQ(box->GetHandle(0)->GetPosition(), CVector3D(3.0, 2.0, 0.0));
+    EXPECT_EQ(box->GetActiveHandle(), -1);
+    // Escape puts the frame back to the user's box at the press.
+    Gesture(box, box->GetHandle(2)->GetObjectID(), true);
+    EXPECT_FALSE(frame->IsVisible());
+    EXPECT_EQ(shown(), "1.0000,2.0000,3.0000,4.0000");
+    // A user that takes the start shows its own frame; one that adjusts the
+    // box (here: at least 1 degree wide) sees its adjustment shown.
+    user.takeOver = {"StartScale"};
+    box->OnMousePress(&view, 0, 0, id);
+    EXPECT_FALSE(frame->IsVisible());
+    box->OnKeyPress(&view, Qt::Key_Escape);
+    user.takeOver.clear();
+    user.adjustBox = [](EXTENT& e) { e.xmax = std::max(e.xmax, e.xmin + 1.0); };
+    const int side = box->GetHandle(5)->GetObjectID();
+    box->OnMousePress(&view, 0, 0, side);
+    box->OnMouseMove(&view, 12, -30, side);
+    EXPECT_EQ(shown(), "1.0000,2.0000,2.0000,4.0000");
+    EXPECT_EQ(box->GetHandle(5)->GetPosition(), CVector3D(2.0, 3.0, 0.0));
+    box->OnMouseRelease(&view, 12, -30, side);
+    EXPECT_EQ(shown(), "1.0000,2.0000,2.0000,4.0000");
+    module.DestroyGraphicsEditObject(box);
+}
+
+TEST_F(GadgetTest, TheAxisHandleEndsAnArmFromThePivotAtTheUsersAngle)
+{
+    auto* axis = static_cast<CRotationAxis*>((module.*kKinds[1].create)(nullptr));
+    axis->AttachEditableUser(&user);
+    // The handle's distance from the pivot (1, 1) in pixels and its bearing in degrees.
+    const auto arm = [axis] {
+        const CVector3D end = axis->GetDot()->GetPosition();
+        return QPointF(std::hypot(end.x - 1.0, end.y - 1.0) * 10.0, std::atan2(end.x - 1.0, end.y - 1.0) * 180.0 / M_PI);
+    };
+    EXPECT_FALSE(axis->IsVisible()); // until the host says where the pivot is
+    user.rotation = 60.0;
+    axis->UpdateEditor(1); // another kind of editor point
+    axis->SetEditorPoint(CVector3D(4.0, 4.0, 0.0), 1);
+    EXPECT_FALSE(axis->IsVisible());
+    user.rotation = 30.0;
+    axis->UpdateEditor(0);
+    EXPECT_TRUE(axis->IsVisible());
+    EXPECT_NEAR(arm().x(), CRotationAxis::kArmLength, 1.0);
+    EXPECT_NEAR(arm().y(), 30.0, 2.0);
+    EXPECT_EQ(axis->GetArm()->GetData(), (std::vector<CVector3D>{user.controlPoint, axis->GetDot()->GetPosition()}));
+    user.rotation = 90.0;
+    axis->UpdateEditor(1);
+    axis->SetEditorPoint(CVector3D(4.0, 4.0, 0.0), 1);
+    EXPECT_NEAR(arm().y(), 30.0, 2.0);
+    EXPECT_EQ(axis->GetArm()->GetData().front(), user.controlPoint);
+
+    // Ten pixels across the end of the arm turn by about 14 degrees.
+    const int x = FakeEditView::PixelX(axis->GetDot()->GetPosition().x);
+    const int y = FakeEditView::PixelY(axis->GetDot()->GetPosition().y);
+    axis->OnMousePress(&view, x, y, axis->GetDot()->GetObjectID());
+    axis->OnMouseMove(&view, x + 9, y + 5, -1);
+    ASSERT_EQ(user.calls.size(), 2u);
+    EXPECT_NEAR(std::stod(user.calls.back().substr(user.calls.back().find(',') + 1)), 14.0, 2.0);
+    // The arm follows; a zoom keeps its length on screen.
+    map.viewScale = 2.0;
+    axis->OnMouseRelease(&view, x + 9, y + 5, -1);
+    axis->OnViewChanged();
+    EXPECT_NEAR(arm().x(), CRotationAxis::kArmLength / 2.0, 1.0);
+    module.DestroyGraphicsEditObject(axis);
+}
+
+TEST_F(GadgetTest, TheAxisAngleGrowsThroughAFullTurnAndTurnsBackShort)
+{
+    user.controlPoint = CVector3D();
+    auto* axis = static_cast<CRotationAxis*>(Make(module, kKinds[1]));
+    const int id = axis->GetDot()->GetObjectID();
+    const auto label = [axis] { return ConvertStdStringToQString(axis->GetLabel()->GetText()); };
+    EXPECT_TRUE(axis->OnMousePress(&view, 0, 0, id));
+    // Clockwise from up around the pivot, once round and on to the north-east.
+    for (QPoint p : {QPoint(0, -10), QPoint(10, 0), QPoint(0, 10), QPoint(-10, 0), QPoint(0, -10)})
+        EXPECT_TRUE(axis->OnMouseMove(&view, p.x(), p.y(), -1));
+    EXPECT_TRUE(axis->GetGuide()->IsVisible());
+    EXPECT_EQ(axis->GetGuide()->GetData(), (std::vector<CVector3D>{CVector3D(), CVector3D(0.0, 1.0, 0.0)}));
+    EXPECT_EQ(label(), QStringLiteral("已旋转：360.0°\n与Y轴夹角：30.0°"));
+    EXPECT_TRUE(axis->OnMouseRelease(&view, 10, -10, -1));
+    EXPECT_EQ(user.calls, (Calls{"StartRotation", "ProcessRotation 30.0000,0.0000", "ProcessRotation 120.0000,90.0000",
+                                 "ProcessRotation 210.0000,180.0000", "ProcessRotation 300.0000,270.0000",
+                                 "ProcessRotation 390.0000,360.0000", "CompleteRotation 435.0000"}));
+    EXPECT_FALSE(axis->GetGuide()->IsVisible());
+    EXPECT_FALSE(axis->GetLabel()->IsVisible());
+
+    axis->OnMousePress(&view, 0, -10, id);
+    // Just left of up reads as a small turn back, not almost a full one.
+    axis->OnMouseMove(&view, -10, -10, -1);
+    axis->OnMouseMove(&view, 0, 0, -1); // on the pivot: no direction, no call
+    EXPECT_EQ(user.calls.back(), "ProcessRotation -15.0000,-45.0000");
+    EXPECT_EQ(label(), QStringLiteral("已旋转：-45.0°\n与Y轴夹角：345.0°"));
+    axis->OnKeyPress(&view, Qt::Key_Escape);
+    EXPECT_FALSE(axis->GetLabel()->IsVisible());
+    // A user placing things itself: the gadget shows nothing of its own.
+    user.takeOver = {"ProcessRotation"};
+    axis->OnMousePress(&view, 0, 0, id);
+    axis->OnMouseMove(&view, 10, 0, -1);
+    EXPECT_FALSE(axis->GetGuide()->IsVisible());
+    module.DestroyGraphicsEditObject(axis);
+}
