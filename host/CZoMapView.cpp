@@ -346,8 +346,12 @@ bool CZoMapView::SceneTookMouse(const QStringList& published) const
     return WasPublished(published, STR_SCENE_MOUSE_PRESS_GRAB) || (scene() && scene()->mouseGrabberItem());
 }
 
+// A host's handler may have destroyed the module while the event was being
+// dispatched: the view then has nothing left to move.
 void CZoMapView::ZoomAbout(double zoomDelta, const QPointF& viewPoint)
 {
+    if (!m_module)
+        return;
     double lon = 0.0;
     double lat = 0.0;
     const double zoom = m_module->GetZoom() + zoomDelta;
@@ -359,6 +363,8 @@ void CZoMapView::ZoomAbout(double zoomDelta, const QPointF& viewPoint)
 
 void CZoMapView::PanBy(const QPointF& viewDelta)
 {
+    if (!m_module)
+        return;
     double lon = 0.0;
     double lat = 0.0;
     m_module->GetCenter(&lon, &lat);

@@ -288,3 +288,49 @@ TEST(MapViewWithoutModule, StaysInertAndSafe)
         EXPECT_FALSE(target->grab().isNull());
     }
 }
+
+// A host whose hover handler ends the map while the user drags the map onto
+// an object: the drag goes on over nothing, without a crash.
+TEST(MapViewWithoutModule, SurvivesAHandlerEndingTheModuleMidDrag)
+{
+    struct SEnding : MapHostRecordingHandler
+    {
+        using MapHostRecordingHandler::MapHostRecordingHandler;
+        bool OnHoverEnter(IZoMapView*, int, int, int) override
+        {
+            graphics->Unintialise();
+            module->reset();
+            return false;
+        }
+        std::unique_ptr<CZoMapModule>* module = nullptr;
+        CZoGraphicsModule* graphics = nullptr;
+    };
+    auto module = std::make_unique<CZoMapModule>();
+    module->SetZoomAround(3.0, 0.0, 0.0);
+    CZoGraphicsModule graphics;
+    ASSERT_TRUE(graphics.Initialise("ending", module.get()));
+    CZoMapView view(module.get());
+    view.resize(300, 200);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    double lon = 0.0, lat = 0.0;
+    ASSERT_TRUE(view.ConvertViewPointToGeo(QPoint(200, 100), &lon, &lat));
+    IZoDotMapObject* dot = graphics.CreateDotMapObject("under", nullptr);
+    dot->SetPosition(CVector3D(lon, lat, 0.0));
+    dot->SetRadius(10.0);
+    dot->SetInteractive(true);
+    SEnding handler("ending");
+    handler.module = &module;
+    handler.graphics = &graphics;
+    module->RegisterEventHandler(&handler, 0);
+    auto send = [&](QEvent::Type type, const QPoint& at, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, QPoint(60, 100), Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, QPoint(200, 100), Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(module, nullptr);
+    send(QEvent::MouseMove, QPoint(220, 110), Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, QPoint(220, 110), Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(view.GetMapModule(), nullptr);
+}
