@@ -83,8 +83,7 @@ public:
             m_module->Unintialise();
         GiveGadgetBack();
     }
-    CRegistryRun(const CRegistryRun&) = delete;
-    CRegistryRun& operator=(const CRegistryRun&) = delete;
+    Q_DISABLE_COPY(CRegistryRun)
 
     void Step(CZoFuzzInput& in)
     {

@@ -3,6 +3,7 @@
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoLogSystem.h>
 
+#include <QtGlobal>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -95,8 +96,7 @@ class CZoQuietLog
 public:
     explicit CZoQuietLog(std::function<void(const std::string&)> seen = nullptr);
     ~CZoQuietLog();
-    CZoQuietLog(const CZoQuietLog&) = delete;
-    CZoQuietLog& operator=(const CZoQuietLog&) = delete;
+    Q_DISABLE_COPY(CZoQuietLog)
 
 private:
     ZoLogSink m_previous;
