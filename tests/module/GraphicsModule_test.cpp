@@ -6,10 +6,12 @@ class GraphicsModule : public ModuleFixture
 {
 };
 
-// The default layer hears the map's events; a destroyed object leaves the
-// scene; destroying nothing is no fault.
+// A module has an id and a UUID; its default layer hears the map's events; a
+// destroyed object leaves the scene; destroying nothing is no fault.
 TEST_F(GraphicsModule, DefaultLayerHearsTheMapAndDestroyedObjectsLeaveTheScene)
 {
+    EXPECT_GT(module.GetModuleID(), 0);
+    EXPECT_EQ(module.GetUUID().size(), 36u);
     ASSERT_EQ(map.handlers.size(), 1u);
     EXPECT_EQ(map.handlers[0], dynamic_cast<IZoMapEventHandler*>(module.LookupGraphicsLayer("Zo.DefaultGraphicsLayer")));
     IZoDotMapObject* dot = module.CreateDotMapObject("d", nullptr);
