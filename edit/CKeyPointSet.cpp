@@ -405,7 +405,7 @@ void CKeyPointSet::UpdateWindow()
                 area.height() * kWindowMargin);
     double left = 0.0, top = 0.0, right = 0.0, bottom = 0.0;
     map->ConvertPixelToScene(&left, &top, ZoPixelInt(area.left()), ZoPixelInt(area.top()));
-    map->ConvertPixelToScene(&right, &bottom, static_cast<int>(area.right()), static_cast<int>(area.bottom()));
+    map->ConvertPixelToScene(&right, &bottom, ZoPixelInt(area.right()), ZoPixelInt(area.bottom()));
     m_window = EXTENT{std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
     m_windowed = true;
 }

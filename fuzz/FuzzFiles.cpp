@@ -12,7 +12,6 @@
 #include <QFile>
 #include <QGraphicsScene>
 #include <QImage>
-#include <QPainter>
 
 namespace
 {
@@ -25,14 +24,6 @@ std::string ScratchFile(const QByteArray& bytes, const char* suffix)
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(bytes);
     return path.toStdString();
-}
-
-void Render(CZoMapModule& map)
-{
-    QImage image(96, 64, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    map.GetScene()->render(&painter, QRectF(image.rect()), QRectF(-1500, -1000, 3000, 2000));
 }
 } // namespace
 
@@ -94,7 +85,7 @@ int ZoFuzzFiles(const std::uint8_t* data, std::size_t size)
         break;
     }
     }
-    Render(map);
+    ZoFuzzPaint(map.GetScene(), QRectF(-1500, -1000, 3000, 2000));
     module.Unintialise();
     return 0;
 }

@@ -12,51 +12,26 @@
 #include "support/PlainPointListModel.h"
 
 #include <ZoGraphics/CZoMapModule.h>
-#include <ZoGraphics/ZoGraphics.h>
 
 #include <QGraphicsItem>
+#include <algorithm>
 #include <cmath>
 
 namespace
 {
 using Line = PointListModel::Line;
 
-// One list edited by index: the polyline, the polygon and the multi-dot.
+// A line as the kind's own getter gives it.
 template <class Object>
-struct SSingle
+Line LineOf(const Object* o, std::size_t)
 {
-    Object* o;
-    std::size_t Lines() const { return 1; }
-    Line Get(std::size_t) const { return o->GetData(); }
-    CVector3D Anchor() const { return o->GetAnchor(); }
-};
-
-// Lists of lists: the multi-line and the multi-polygon.
-template <class Object>
-struct SNested
-{
-    Object* o;
-    std::size_t Lines() const;
-    Line Get(std::size_t l) const;
-    CVector3D Anchor() const { return o->GetAnchor(); }
-};
-template <>
-std::size_t SNested<CZoMultiLineMapObject>::Lines() const
-{
-    return static_cast<std::size_t>(o->GetLineNumber());
+    return o->GetData();
 }
-template <>
-Line SNested<CZoMultiLineMapObject>::Get(std::size_t l) const
+Line LineOf(const CZoMultiLineMapObject* o, std::size_t l)
 {
     return o->GetLineData(static_cast<int>(l));
 }
-template <>
-std::size_t SNested<CZoMultiPolygonMapObject>::Lines() const
-{
-    return static_cast<std::size_t>(o->GetPolygonNumber());
-}
-template <>
-Line SNested<CZoMultiPolygonMapObject>::Get(std::size_t l) const
+Line LineOf(const CZoMultiPolygonMapObject* o, std::size_t l)
 {
     return o->GetPolygonData(static_cast<int>(l));
 }
@@ -77,10 +52,7 @@ bool Finite(const CVector3D& p)
 
 bool AllFinite(const Line& line)
 {
-    for (const CVector3D& p : line)
-        if (!Finite(p))
-            return false;
-    return true;
+    return std::all_of(line.begin(), line.end(), Finite);
 }
 
 Line RandomLine(CZoFuzzInput& in, int most)
@@ -91,56 +63,30 @@ Line RandomLine(CZoFuzzInput& in, int most)
     return line;
 }
 
-class CCountingLog
+// A point far off the map is kept but cannot be converted, and one past
+// +-180 or a pole is noted: those warnings are the host's conversion's and
+// the notes', not the edit's.
+bool EditWarning(const std::string& message)
 {
-public:
-    CCountingLog()
-        : m_previous(ZoSetLogSink([this](EZoLogLevel, const std::string& message) {
-              // Points far off the map are kept but cannot be converted;
-              // that warning is the host's conversion's, not the edit's.
-              if (message.find("ConvertSceneToPixel失败") != std::string::npos)
-                  return;
-              // Kept points past +-180 or a pole are noted.
-              if (message.find("经度超出±180") != std::string::npos ||
-                  message.find("纬度超出±90") != std::string::npos)
-                  return;
-              ++m_count;
-              m_last = message;
-          }))
-    {
-    }
-    ~CCountingLog() { ZoSetLogSink(m_previous); }
-    CCountingLog(const CCountingLog&) = delete;
-    CCountingLog& operator=(const CCountingLog&) = delete;
-    int Take()
-    {
-        const int n = m_count;
-        m_count = 0;
-        return n;
-    }
+    for (const char* other : {"ConvertSceneToPixel失败", "经度超出±180", "纬度超出±90"})
+        if (message.find(other) != std::string::npos)
+            return false;
+    return true;
+}
 
-private:
-    int m_count = 0;
-    ZoLogSink m_previous;
-
-public:
-    std::string m_last;
-};
-
-template <class View>
-void Compare(const View& view, const PointListModel& model, IZoGraphicsMapObject* object, IZoMapModule& map,
-             const std::string& where)
+template <class Object>
+void Compare(const Object* o, const PointListModel& model, IZoMapModule& map, const std::string& where)
 {
-    ZO_FUZZ_CHECK(view.Lines() == model.lines.size(), where);
-    for (std::size_t l = 0; l < model.lines.size(); ++l)
-        ZO_FUZZ_CHECK(view.Get(l) == model.lines[l], where + " line " + std::to_string(l));
-    ZO_FUZZ_CHECK(view.Anchor() == model.anchor, where);
-    const CAABB box = object->GetBoundingBox();
+    ZO_FUZZ_CHECK(o->Lines().size() == model.lines.size(), where);
+    for (std::size_t l = 0; l < model.lines.size() && l < o->Lines().size(); ++l)
+        ZO_FUZZ_CHECK(LineOf(o, l) == model.lines[l], where + " line " + std::to_string(l));
+    ZO_FUZZ_CHECK(o->GetAnchor() == model.anchor, where);
+    const CAABB box = o->GetBoundingBox();
     const CAABB expected = model.Extent();
     ZO_FUZZ_CHECK(box.IsEmpty() == expected.IsEmpty(), where);
     if (!box.IsEmpty())
         ZO_FUZZ_CHECK(box.min == expected.min && box.max == expected.max, where);
-    if (QGraphicsItem* item = object->GetQtItem(); item && model.Total() > 0)
+    if (QGraphicsItem* item = o->GetQtItem(); item && model.Total() > 0)
     {
         int px = 0;
         int py = 0;
@@ -158,8 +104,10 @@ bool EditSingle(Object* o, PointListModel& model, CZoFuzzInput& in)
     Line& line = model.lines.front();
     const int n = static_cast<int>(line.size());
     const int i = in.Int(-2, n + 2);
+    const bool inside = i >= 0 && i < n;
     const CVector3D p = Point(in);
     const bool finite = Finite(p);
+    const auto at = line.begin() + (inside || i == n ? i : 0);
     switch (in.Int(0, 8))
     {
     case 0: {
@@ -174,43 +122,39 @@ bool EditSingle(Object* o, PointListModel& model, CZoFuzzInput& in)
         if (finite)
             model.Append(0, p);
         return !finite;
-    case 2: {
-        const CVector3D back = o->PopBack();
-        ZO_FUZZ_CHECK(back == (n ? line.back() : CVector3D()), "PopBack");
+    case 2:
+        ZO_FUZZ_CHECK(o->PopBack() == (n ? line.back() : CVector3D()), "PopBack");
         if (n)
             line.pop_back();
         return n == 0 && std::is_same<Object, CZoMultiDotMapObject>::value;
-    }
     case 3:
         o->Insert(i, p);
         if (i < 0 || i > n || !finite)
             return true;
-        line.insert(line.begin() + i, p);
+        line.insert(at, p);
         return false;
     case 4:
         o->Modify(i, p);
-        if (i < 0 || i >= n || !finite)
+        if (!inside || !finite)
             return true;
-        line[static_cast<std::size_t>(i)] = p;
+        *at = p;
         return false;
     case 5:
         o->Remove(i);
-        if (i < 0 || i >= n)
+        if (!inside)
             return true;
-        line.erase(line.begin() + i);
+        line.erase(at);
         return false;
     case 6:
-        ZO_FUZZ_CHECK(o->At(i) == (i >= 0 && i < n ? line[static_cast<std::size_t>(i)] : CVector3D()), "At");
-        return i < 0 || i >= n;
+        ZO_FUZZ_CHECK(o->At(i) == (inside ? *at : CVector3D()), "At");
+        return !inside;
     case 7:
         o->Clear();
         line.clear();
         return false;
-    default: {
-        const int count = static_cast<int>(o->GetPointNumber());
-        ZO_FUZZ_CHECK(count == n, "GetPointNumber");
+    default:
+        ZO_FUZZ_CHECK(o->GetPointNumber() == n, "GetPointNumber");
         return false;
-    }
     }
 }
 
@@ -222,8 +166,12 @@ bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
     const int n = static_cast<int>(lines.size());
     const int l = in.Int(-1, n);
     const bool lineOk = l >= 0 && l < n;
-    const int points = lineOk ? static_cast<int>(lines[static_cast<std::size_t>(l)].size()) : 0;
+    Line none;
+    Line& line = lineOk ? lines[static_cast<std::size_t>(l)] : none;
+    const int points = static_cast<int>(line.size());
     const int i = in.Int(-1, points + 1);
+    const bool pointOk = lineOk && i >= 0 && i < points;
+    const auto at = line.begin() + (pointOk || i == points ? i : 0);
     const CVector3D p = Point(in);
     const bool finite = Finite(p);
     switch (in.Int(0, 12))
@@ -239,21 +187,21 @@ bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
         return !ok;
     }
     case 1: {
-        const Line line = RandomLine(in, 3);
-        const int index = Ops::AppendLine(o, line);
-        if (!AllFinite(line))
+        const Line added = RandomLine(in, 3);
+        const int index = Ops::AppendLine(o, added);
+        if (!AllFinite(added))
             return true;
-        ZO_FUZZ_CHECK(index == (line.empty() ? -1 : n), "AppendLine");
-        if (!line.empty())
-            lines.push_back(line);
+        ZO_FUZZ_CHECK(index == (added.empty() ? -1 : n), "AppendLine");
+        if (!added.empty())
+            lines.push_back(added);
         return false;
     }
     case 2: {
-        const Line line = RandomLine(in, 3);
-        Ops::InsertLine(o, l, line);
-        if (l < 0 || l > n || !AllFinite(line))
+        const Line added = RandomLine(in, 3);
+        Ops::InsertLine(o, l, added);
+        if (l < 0 || l > n || !AllFinite(added))
             return true;
-        lines.insert(lines.begin() + l, line);
+        lines.insert(lines.begin() + l, added);
         return false;
     }
     case 3:
@@ -263,11 +211,11 @@ bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
         lines.erase(lines.begin() + l);
         return false;
     case 4: {
-        const Line line = RandomLine(in, 3);
-        Ops::SetLine(o, l, line);
-        if (!lineOk || !AllFinite(line))
+        const Line replacement = RandomLine(in, 3);
+        Ops::SetLine(o, l, replacement);
+        if (!lineOk || !AllFinite(replacement))
             return true;
-        lines[static_cast<std::size_t>(l)] = line;
+        line = replacement;
         return false;
     }
     case 5:
@@ -280,33 +228,31 @@ bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
         o->InsertPoint(l, i, p);
         if (!lineOk || i < 0 || i > points || !finite)
             return true;
-        lines[static_cast<std::size_t>(l)].insert(lines[static_cast<std::size_t>(l)].begin() + i, p);
+        line.insert(at, p);
         return false;
     case 7:
         o->ModifyData(l, i, p);
-        if (!lineOk || i < 0 || i >= points || !finite)
+        if (!pointOk || !finite)
             return true;
-        lines[static_cast<std::size_t>(l)][static_cast<std::size_t>(i)] = p;
+        *at = p;
         return false;
     case 8:
         o->RemovePoint(l, i);
-        if (!lineOk || i < 0 || i >= points)
+        if (!pointOk)
             return true;
-        lines[static_cast<std::size_t>(l)].erase(lines[static_cast<std::size_t>(l)].begin() + i);
+        line.erase(at);
         return false;
-    case 9: {
-        const CVector3D back = o->PopPoint(l);
-        ZO_FUZZ_CHECK(back == (lineOk && points ? lines[static_cast<std::size_t>(l)].back() : CVector3D()), "PopPoint");
-        if (!lineOk || points == 0)
+    case 9:
+        ZO_FUZZ_CHECK(o->PopPoint(l) == (points ? line.back() : CVector3D()), "PopPoint");
+        if (points == 0)
             return true;
-        lines[static_cast<std::size_t>(l)].pop_back();
+        line.pop_back();
         return false;
-    }
     case 10:
         o->Cleanup(l);
         if (!lineOk)
             return Ops::kCleanupLogs;
-        lines[static_cast<std::size_t>(l)].clear();
+        line.clear();
         return false;
     case 11:
         Ops::PopLine(o);
@@ -340,26 +286,31 @@ struct SRingOps
     static void PopLine(CZoMultiPolygonMapObject* o) { o->PopPolygon(); }
 };
 
-template <class View, class Edit>
-void Run(IZoGraphicsMapObject* object, const View& view, std::size_t lines, CZoFuzzInput& in, CZoMapModule& map,
-         Edit edit)
+template <class Object>
+void Run(IZoGraphicsMapObject* made, CZoFuzzInput& in, CZoMapModule& map,
+         bool (*edit)(Object*, PointListModel&, CZoFuzzInput&))
 {
+    auto* o = static_cast<Object*>(made);
     PointListModel model;
-    model.lines.resize(lines);
-    CCountingLog log;
+    model.lines.resize(o->Lines().size());
+    int warnings = 0;
+    std::string last;
+    CZoQuietLog log([&](const std::string& message) {
+        if (EditWarning(message))
+            ++warnings, last = message;
+    });
     for (int step = 0; step < 300 && !in.Empty(); ++step)
     {
         const std::string where = "step " + std::to_string(step);
         if (in.Int(0, 15) == 0)
             map.SetZoomAround(in.Plain(0.0, 21.0), 0.0, 0.0);
-        log.Take();
-        const bool faulty = edit(model, in);
+        warnings = 0;
+        const bool faulty = edit(o, model, in);
         model.Settle();
-        const int messages = log.Take();
         // A faulty index and a point that is not finite may each be told.
-        ZO_FUZZ_CHECK(faulty ? messages >= 1 : messages == 0,
-                      where + ": " + std::to_string(messages) + " warnings, the last " + log.m_last);
-        Compare(view, model, object, map, where);
+        ZO_FUZZ_CHECK(faulty ? warnings >= 1 : warnings == 0,
+                      where + ": " + std::to_string(warnings) + " warnings, the last " + last);
+        Compare(o, model, map, where);
     }
 }
 } // namespace
@@ -378,37 +329,16 @@ int ZoFuzzPointList(const std::uint8_t* data, std::size_t size)
     IZoGraphicsMapLayer* layer = module.GetDeafultGraphicsLayer();
     switch (in.Int(0, 4))
     {
-    case 0: {
-        auto* o = static_cast<CZoPolylineMapObject*>(module.CreatePolylineMapObject("line", layer));
-        Run(o, SSingle<CZoPolylineMapObject>{o}, 1, in, map,
-            [o](PointListModel& m, CZoFuzzInput& i) { return EditSingle(o, m, i); });
+    case 0: Run(module.CreatePolylineMapObject("line", layer), in, map, EditSingle<CZoPolylineMapObject>); break;
+    case 1: Run(module.CreatePolygonMapObject("ring", layer), in, map, EditSingle<CZoPolygonMapObject>); break;
+    case 2: Run(module.CreateMultiDotMapObject("dots", layer), in, map, EditSingle<CZoMultiDotMapObject>); break;
+    case 3:
+        Run(module.CreateMultiLineMapObject("lines", layer), in, map, EditNested<CZoMultiLineMapObject, SLineOps>);
         break;
-    }
-    case 1: {
-        auto* o = static_cast<CZoPolygonMapObject*>(module.CreatePolygonMapObject("ring", layer));
-        Run(o, SSingle<CZoPolygonMapObject>{o}, 1, in, map,
-            [o](PointListModel& m, CZoFuzzInput& i) { return EditSingle(o, m, i); });
+    default:
+        Run(module.CreateMultiPolygonMapObject("rings", layer), in, map,
+            EditNested<CZoMultiPolygonMapObject, SRingOps>);
         break;
-    }
-    case 2: {
-        auto* o = static_cast<CZoMultiDotMapObject*>(module.CreateMultiDotMapObject("dots", layer));
-        Run(o, SSingle<CZoMultiDotMapObject>{o}, 1, in, map,
-            [o](PointListModel& m, CZoFuzzInput& i) { return EditSingle(o, m, i); });
-        break;
-    }
-    case 3: {
-        auto* o = static_cast<CZoMultiLineMapObject*>(module.CreateMultiLineMapObject("lines", layer));
-        Run(o, SNested<CZoMultiLineMapObject>{o}, 0, in, map,
-            [o](PointListModel& m, CZoFuzzInput& i) { return EditNested<CZoMultiLineMapObject, SLineOps>(o, m, i); });
-        break;
-    }
-    default: {
-        auto* o = static_cast<CZoMultiPolygonMapObject*>(module.CreateMultiPolygonMapObject("rings", layer));
-        Run(o, SNested<CZoMultiPolygonMapObject>{o}, 0, in, map, [o](PointListModel& m, CZoFuzzInput& i) {
-            return EditNested<CZoMultiPolygonMapObject, SRingOps>(o, m, i);
-        });
-        break;
-    }
     }
     CZoQuietLog quiet;
     module.Unintialise();

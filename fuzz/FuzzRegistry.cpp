@@ -4,19 +4,15 @@
 // cleared, and hosts that tear the module down or give the gadget back from
 // inside a gadget's callback.
 #include "fuzz/ZoFuzz.h"
+#include "support/RecordingEditableUser.h"
 
 #include <ZoGraphics/CZoMapModule.h>
-#include <ZoGraphics/IZoMapView.h>
-#include <ZoGraphics/ZoCoreUtility.h>
-#include <ZoGraphics/ZoGraphics.h>
 
-#include <QAbstractScrollArea>
 #include <QGraphicsScene>
-#include <QImage>
-#include <QPainter>
 #include <algorithm>
-#include <functional>
+#include <cstring>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -31,15 +27,18 @@ std::string AsStored(const std::string& name)
 const char* const kNames[] = {"a", "b", "a", "", "名字", "\xff\xfe", "Zo.DefaultGraphicsLayer"};
 constexpr int kNameCount = sizeof(kNames) / sizeof(kNames[0]);
 
-// The kinds made here, with their typed lookups.
-enum EKind { Dot, Circle, Rectangle, Tile, Polyline, Text, Pie, MultiDot, KindCount };
+// The kinds made here, as kZoFuzzKinds numbers them: dot, circle, rectangle,
+// tile, polyline, text, pie, multi-dot.
+constexpr int kKinds[] = {0, 1, 6, 7, 9, 14, 3, 11};
+constexpr int kKindCount = sizeof(kKinds) / sizeof(kKinds[0]);
+constexpr int kTextKind = 14;
 
 struct SObject
 {
     IZoGraphicsMapObject* object = nullptr;
     int id = 0;
     std::string name;
-    EKind kind = Dot;
+    int kind = -1; // into kZoFuzzKinds; -1 for a gadget's handle that no typed lookup finds
     int layer = -1; // index into the model's layers; -1 for none
     bool alive = true;
 };
@@ -51,82 +50,40 @@ struct SLayer
     bool alive = true;
 };
 
-// A host's view: pixel (x, y) is longitude x / 10, latitude -y / 10.
-class CGadgetView : public IZoMapView
+// The first live entry of that name that also passes accept.
+template <class T, class Accept>
+const T* FirstNamed(const std::vector<T>& all, const char* name, Accept accept)
 {
-public:
-    QAbstractScrollArea* GetScrollArea() override { return &m_area; }
-    bool ConvertPixelToGeo(int x, int y, double* lon, double* lat) override
-    {
-        *lon = x / 10.0;
-        *lat = -y / 10.0;
-        return true;
-    }
-
-private:
-    QAbstractScrollArea m_area;
-};
-
-// A host's editable user that answers false to everything, so that the
-// gadget moves its handles itself; armed, it runs a deed once from inside
-// the next step of a gesture.
-class CGadgetUser : public IZoGraphicsEditableUser
-{
-public:
-    std::function<void()> inside;
-    // Steps of the gesture to let pass before the deed.
-    int countdown = 0;
-
-    CVector3D GetEditorPosition(IZoGraphicsEditObject*) const override { return CVector3D(1.0, 1.0, 0.0); }
-    bool OnStartTranslation(IZoGraphicsEditObject*) override { return Fire(); }
-    bool OnProcessTranslation(IZoGraphicsEditObject*, const CVector3D&) override { return Fire(); }
-    bool OnBackoutTranslation(IZoGraphicsEditObject*, const CVector3D&) override { return Fire(); }
-    bool OnCompleteTranslation(IZoGraphicsEditObject*, const CVector3D&) override { return Fire(); }
-    CVector3D GetEditorControlPoint(IZoGraphicsEditObject*) const override { return CVector3D(1.0, 1.0, 0.0); }
-    bool OnStartRotation(IZoGraphicsEditObject*) override { return Fire(); }
-    bool OnProcessRotation(IZoGraphicsEditObject*, double, double) override { return Fire(); }
-    bool OnBackoutRotation(IZoGraphicsEditObject*, double) override { return Fire(); }
-    bool OnCompleteRotation(IZoGraphicsEditObject*, double) override { return Fire(); }
-    EXTENT GetEditorBoundingBox(IZoGraphicsEditObject*) const override { return EXTENT{0.0, 0.0, 2.0, 2.0}; }
-    bool OnStartScaleBoundingBox(IZoGraphicsEditObject*) override { return Fire(); }
-    bool OnProcessScaleBoundingBox(IZoGraphicsEditObject*, EXTENT&) override { return Fire(); }
-    bool OnBackoutScaleBoundingBox(IZoGraphicsEditObject*, EXTENT&) override { return Fire(); }
-    bool OnCompleteScaleBoundingBox(IZoGraphicsEditObject*, EXTENT&) override { return Fire(); }
-    std::vector<CVector3D> GetEditorKeyPointSet(IZoGraphicsEditObject*) override
-    {
-        return {CVector3D(0.0, 0.0, 0.0), CVector3D(2.0, 0.0, 0.0), CVector3D(2.0, 2.0, 0.0)};
-    }
-    bool IsEnableVirtualIndicate() const override { return true; }
-    bool OnProcessKeyPointChange(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
-    bool OnBackoutKeyPointChange(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
-    bool OnCompleteKeyPointChange(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
-    bool OnCompleteKeyPointInsert(IZoGraphicsEditObject*, int, const CVector3D&) override { return Fire(); }
-
-private:
-    bool Fire()
-    {
-        if (inside && countdown-- == 0)
-        {
-            const std::function<void()> deed = std::move(inside);
-            inside = nullptr;
-            deed();
-        }
-        return false;
-    }
-};
+    for (const T& entry : all)
+        if (entry.alive && entry.name == name && accept(entry))
+            return &entry;
+    return nullptr;
+}
 
 class CRegistryRun
 {
 public:
-    explicit CRegistryRun(CZoMapModule& map) : m_map(map) { Start(); }
+    explicit CRegistryRun(CZoMapModule& map) : m_map(map)
+    {
+        // The user answers false to everything, so that the gadget moves its
+        // handles itself; armed, it does a deed from inside a gesture's step.
+        m_user.position = m_user.controlPoint = CVector3D(1.0, 1.0, 0.0);
+        m_user.box = EXTENT{0.0, 0.0, 2.0, 2.0};
+        m_user.points = {CVector3D(0.0, 0.0, 0.0), CVector3D(2.0, 0.0, 0.0), CVector3D(2.0, 2.0, 0.0)};
+        m_user.indicators = true;
+        m_user.onCall = [this](const std::string&) {
+            if (m_deed && m_countdown-- == 0)
+                std::exchange(m_deed, nullptr)();
+        };
+        Start();
+    }
     ~CRegistryRun()
     {
         if (m_module)
             m_module->Unintialise();
         GiveGadgetBack();
     }
-    CRegistryRun(const CRegistryRun&) = delete;
-    CRegistryRun& operator=(const CRegistryRun&) = delete;
+    Q_DISABLE_COPY(CRegistryRun)
 
     void Step(CZoFuzzInput& in)
     {
@@ -141,8 +98,8 @@ public:
         case 6: SwitchLayer(in); break;
         case 7: Stack(in); break;
         case 8: DestroyAllOnLayer(in); break;
-        case 9: Zoom(in); break;
-        case 10: Paint(); break;
+        case 9: ZoFuzzZoom(m_map, in); break;
+        case 10: ZoFuzzPaint(m_map.GetScene(), QRectF(-400, -300, 800, 600)); break;
         case 11:
             // Gadget deeds came late: they take the values that did nothing
             // before and read no more bytes, so older inputs run as they did.
@@ -226,8 +183,6 @@ private:
 
     void TearDownInsideCallback()
     {
-        if (!m_gadget)
-            return;
         bool torn = false;
         Arm([this, &torn] {
             m_module->Unintialise();
@@ -239,34 +194,28 @@ private:
 
     void GiveBackInsideCallback()
     {
-        if (!m_gadget)
-            return;
-        Arm([this] {
-            m_module->DestroyGraphicsEditObject(m_gadget);
-            m_gadget = nullptr;
-        });
+        Arm([this] { m_module->DestroyGraphicsEditObject(std::exchange(m_gadget, nullptr)); });
     }
 
     // Runs a gesture whose start, process, completion or backout (in turn
     // from one deed to the next) does the deed.
     void Arm(std::function<void()> deed)
     {
+        if (!m_gadget)
+            return;
         const int at = m_deeds++ % 4;
-        m_user.countdown = at < 2 ? at : 3;
-        m_user.inside = std::move(deed);
+        m_countdown = at < 2 ? at : 3;
+        m_deed = std::move(deed);
         const int id = HandleId();
-        if (m_gadget)
-            m_gadget->OnMousePress(&m_view, 0, 0, id);
+        m_gadget->OnMousePress(&m_view, 0, 0, id);
         for (int step : {1, 2})
-        {
             if (m_gadget)
                 m_gadget->OnMouseMove(&m_view, 30 * step, -20 * step, id);
-        }
         if (m_gadget && at == 3)
             m_gadget->OnKeyPress(&m_view, Qt::Key_Escape);
         else if (m_gadget)
             m_gadget->OnMouseRelease(&m_view, 60, -40, id);
-        m_user.inside = nullptr;
+        m_deed = nullptr;
     }
 
     // Everything a host may still do with a gadget whose handles are gone.
@@ -293,10 +242,8 @@ private:
             return;
         const int last = GenerateZoObjectID();
         for (int id = m_scanFrom; id < last; ++id)
-        {
             if (m_gadget->IsEditObjectHandle(id))
                 m_gadgetIds.push_back(id);
-        }
         m_scanFrom = last;
     }
 
@@ -305,10 +252,8 @@ private:
     {
         ScanGadget();
         for (int id : m_gadgetIds)
-        {
             if (dynamic_cast<IZoDotMapObject*>(m_module->LookupGraphicObject(id)))
                 return id;
-        }
         return -1;
     }
 
@@ -320,11 +265,9 @@ private:
         if (!m_gadget)
             return all;
         for (int id : m_gadgetIds)
-        {
             if (IZoGraphicsMapObject* handle = m_module->LookupGraphicObject(id))
                 all.push_back({handle, id, handle->GetName(),
-                               dynamic_cast<IZoTextMapObject*>(handle) ? Text : KindCount, -1, true});
-        }
+                               dynamic_cast<IZoTextMapObject*>(handle) ? kTextKind : -1, -1, true});
         std::sort(all.begin(), all.end(), [](const SObject& a, const SObject& b) { return a.id < b.id; });
         return all;
     }
@@ -335,69 +278,36 @@ private:
         return all[static_cast<std::size_t>(in.Int(0, static_cast<int>(all.size()) - 1))];
     }
 
-    IZoGraphicsMapObject* Make(EKind kind, const std::string& name, IZoGraphicsMapLayer* layer)
-    {
-        switch (kind)
-        {
-        case Dot: return m_module->CreateDotMapObject(name, layer);
-        case Circle: return m_module->CreateCircleMapObject(name, layer);
-        case Rectangle: return m_module->CreateRectangleMapObject(name, layer);
-        case Tile: return m_module->CreateTileMapObject(name, layer);
-        case Polyline: return m_module->CreatePolylineMapObject(name, layer);
-        case Text: return m_module->CreateTextMapObject(name, layer);
-        case Pie: return m_module->CreatePieMapObject(name, layer);
-        default: return m_module->CreateMultiDotMapObject(name, layer);
-        }
-    }
-
-    IZoGraphicsMapObject* TypedLookup(EKind kind, const std::string& name) const
-    {
-        switch (kind)
-        {
-        case Dot: return m_module->LookupDotMapObject(name);
-        case Circle: return m_module->LookupCircleMapObject(name);
-        case Rectangle:
-        case Tile: return m_module->LookupRectangleMapObject(name);
-        case Polyline: return m_module->LookupPolylineMapObject(name);
-        case Text: return m_module->LookupTextMapObject(name);
-        case Pie: return m_module->LookupBowMapObject(name);
-        default: return m_module->LookupMultiDotMapObject(name);
-        }
-    }
-
-    static bool SameLookup(EKind asked, EKind kind)
-    {
-        return asked == kind || ((asked == Rectangle || asked == Tile) && (kind == Rectangle || kind == Tile));
-    }
-
-    void Create(CZoFuzzInput& in)
-    {
-        const EKind kind = static_cast<EKind>(in.Int(0, KindCount - 1));
-        const std::string name = kNames[in.Int(0, kNameCount - 1)];
-        // Null asks for the default layer, which may be gone.
-        int layer = in.Bool() ? -1 : in.Int(0, static_cast<int>(m_layers.size()) - 1);
-        if (layer >= 0 && !m_layers[static_cast<std::size_t>(layer)].alive)
-            layer = -1;
-        IZoGraphicsMapObject* object =
-            Make(kind, name, layer >= 0 ? m_layers[static_cast<std::size_t>(layer)].layer : nullptr);
-        if (layer < 0)
-            layer = m_layers.front().alive ? 0 : -1;
-        if (layer < 0)
-        {
-            ZO_FUZZ_CHECK(object == nullptr, "made without a layer");
-            return;
-        }
-        ZO_FUZZ_CHECK(object != nullptr, "creator failed");
-        ZO_FUZZ_CHECK(m_objects.empty() || object->GetObjectID() > m_objects.back().id, "ids rise");
-        m_objects.push_back({object, object->GetObjectID(), AsStored(name), kind, layer, true});
-    }
-
     SObject* LiveObject(CZoFuzzInput& in)
     {
         if (m_objects.empty())
             return nullptr;
         SObject& o = Pick(in, m_objects);
         return o.alive ? &o : nullptr;
+    }
+
+    // A live layer's index, or -1.
+    int LiveLayer(CZoFuzzInput& in)
+    {
+        const int index = in.Int(0, static_cast<int>(m_layers.size()) - 1);
+        return m_layers[static_cast<std::size_t>(index)].alive ? index : -1;
+    }
+
+    void Create(CZoFuzzInput& in)
+    {
+        const int kind = kKinds[in.Int(0, kKindCount - 1)];
+        const std::string name = kNames[in.Int(0, kNameCount - 1)];
+        // Null asks for the default layer, which may be gone.
+        int layer = in.Bool() ? -1 : LiveLayer(in);
+        IZoGraphicsMapObject* object = kZoFuzzKinds[kind].make(
+            *m_module, name, layer >= 0 ? m_layers[static_cast<std::size_t>(layer)].layer : nullptr);
+        if (layer < 0)
+            layer = m_layers.front().alive ? 0 : -1;
+        ZO_FUZZ_CHECK((object != nullptr) == (layer >= 0), "made without a layer, or failed with one");
+        if (!object || layer < 0)
+            return;
+        ZO_FUZZ_CHECK(m_objects.empty() || object->GetObjectID() > m_objects.back().id, "ids rise");
+        m_objects.push_back({object, object->GetObjectID(), AsStored(name), kind, layer, true});
     }
 
     void DestroyObject(CZoFuzzInput& in)
@@ -434,12 +344,11 @@ private:
     {
         if (in.Int(0, 15) == 0)
             return m_module->DestroyGraphicsLayer(nullptr);
-        const int index = in.Int(0, static_cast<int>(m_layers.size()) - 1);
-        SLayer& layer = m_layers[static_cast<std::size_t>(index)];
-        if (!layer.alive)
+        const int index = LiveLayer(in);
+        if (index < 0)
             return;
-        m_module->DestroyGraphicsLayer(layer.layer);
-        layer.alive = false;
+        m_module->DestroyGraphicsLayer(m_layers[static_cast<std::size_t>(index)].layer);
+        m_layers[static_cast<std::size_t>(index)].alive = false;
         for (SObject& o : m_objects)
             if (o.layer == index)
                 o.layer = -1;
@@ -447,82 +356,48 @@ private:
 
     void DestroyAllOnLayer(CZoFuzzInput& in)
     {
-        const int index = in.Int(0, static_cast<int>(m_layers.size()) - 1);
-        SLayer& layer = m_layers[static_cast<std::size_t>(index)];
-        if (!layer.alive)
+        const int index = LiveLayer(in);
+        if (index < 0)
             return;
-        layer.layer->DestroyAllMapObjects();
+        m_layers[static_cast<std::size_t>(index)].layer->DestroyAllMapObjects();
         for (SObject& o : m_objects)
-            if (o.alive && o.layer == index)
+            if (o.layer == index)
                 o.alive = false;
     }
 
     void SwitchLayer(CZoFuzzInput& in)
     {
-        SLayer& layer = Pick(in, m_layers);
-        if (!layer.alive)
-            return;
-        IZoGraphicsMapLayer* l = layer.layer;
-        switch (in.Int(0, 6))
-        {
-        case 0: l->SetVisible(in.Bool()); break;
-        case 1: l->SetMinLodLevel(in.Int(-3, 25)); break;
-        case 2: l->SetMaxLodLevel(in.Int(-3, 25)); break;
-        case 3: l->SetNameVisible(in.Bool()); break;
-        case 4: l->SetZValue(in.Int(-1000, 1000)); break;
-        case 5: l->SetSecondShapeCache(in.Bool()); break;
-        default: l->SetLevelLimit(in.Int(-3, 25)); break;
-        }
+        static const ZoFuzzOperation<IZoGraphicsMapLayer> kSwitches[] = {
+            ZO_FUZZ_DO(SetVisible(in.Bool())),        ZO_FUZZ_DO(SetMinLodLevel(in.Int(-3, 25))),
+            ZO_FUZZ_DO(SetMaxLodLevel(in.Int(-3, 25))), ZO_FUZZ_DO(SetNameVisible(in.Bool())),
+            ZO_FUZZ_DO(SetZValue(in.Int(-1000, 1000))), ZO_FUZZ_DO(SetSecondShapeCache(in.Bool())),
+            ZO_FUZZ_DO(SetLevelLimit(in.Int(-3, 25)))};
+        const SLayer& layer = Pick(in, m_layers);
+        if (layer.alive)
+            in.Apply(layer.layer, kSwitches);
     }
 
     void ObjectSwitch(CZoFuzzInput& in)
     {
-        SObject* o = LiveObject(in);
-        if (!o)
-            return;
-        switch (in.Int(0, 5))
-        {
-        case 0: o->object->SetVisible(in.Bool()); break;
-        case 1: o->object->SetNameVisible(in.Bool()); break;
-        case 2: o->object->SetZValue(in.Int(-1000, 1000)); break;
-        case 3: o->object->SetMinLodLevel(in.Int(-3, 25)); break;
-        case 4: o->object->RemoveFromScene(); break;
-        default: o->object->AddToScene(); break;
-        }
+        static const ZoFuzzOperation<IZoGraphicsMapObject> kSwitches[] = {
+            ZO_FUZZ_DO(SetVisible(in.Bool())),          ZO_FUZZ_DO(SetNameVisible(in.Bool())),
+            ZO_FUZZ_DO(SetZValue(in.Int(-1000, 1000))), ZO_FUZZ_DO(SetMinLodLevel(in.Int(-3, 25))),
+            ZO_FUZZ_DO(RemoveFromScene()),              ZO_FUZZ_DO(AddToScene())};
+        if (SObject* o = LiveObject(in))
+            in.Apply(o->object, kSwitches);
     }
 
+    // Destroyed and unknown ids among the others must be skipped.
     void Stack(CZoFuzzInput& in)
     {
+        using Stacking = void (IZoGraphicsModule::*)(IZoGraphicsMapObject*, const std::vector<int>&);
+        static const Stacking kStackings[] = {&IZoGraphicsModule::StackedTop, &IZoGraphicsModule::StackedUpper,
+                                              &IZoGraphicsModule::StackedLower, &IZoGraphicsModule::StackedBottom};
         SObject* o = LiveObject(in);
         std::vector<int> ids;
         for (int n = in.Int(0, 4); n > 0; --n)
-            ids.push_back(m_objects.empty() || in.Int(0, 3) == 0 ? in.Int(-2, 100000)
-                                                                 : Pick(in, m_objects).id);
-        const std::vector<int>& live = ids; // destroyed ones included: they must be skipped
-        IZoGraphicsMapObject* object = o ? o->object : nullptr;
-        switch (in.Int(0, 3))
-        {
-        case 0: m_module->StackedTop(object, live); break;
-        case 1: m_module->StackedUpper(object, live); break;
-        case 2: m_module->StackedLower(object, live); break;
-        default: m_module->StackedBottom(object, live); break;
-        }
-    }
-
-    void Zoom(CZoFuzzInput& in)
-    {
-        const double level = in.Plain(0.0, 21.0);
-        const double x = in.Plain(-180, 180);
-        const double y = in.Plain(-85, 85);
-        m_map.SetZoomAround(level, x, y);
-    }
-
-    void Paint()
-    {
-        QImage image(64, 48, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        m_map.GetScene()->render(&painter, QRectF(image.rect()), QRectF(-400, -300, 800, 600));
+            ids.push_back(m_objects.empty() || in.Int(0, 3) == 0 ? in.Int(-2, 100000) : Pick(in, m_objects).id);
+        (m_module.get()->*kStackings[in.Int(0, 3)])(o ? o->object : nullptr, ids);
     }
 
     // The registries as the model says they must be.
@@ -531,65 +406,50 @@ private:
         const std::vector<SObject> all = Registered();
         for (const char* name : kNames)
         {
-            const SObject* first = nullptr;
-            for (const SObject& o : all)
-                if (o.alive && o.name == name)
-                {
-                    first = &o;
-                    break;
-                }
+            const SObject* first = FirstNamed(all, name, [](const SObject&) { return true; });
             ZO_FUZZ_CHECK(m_module->LookupGraphicObject(name) == (first ? first->object : nullptr), name);
-            for (int k = 0; k < KindCount; ++k)
+            for (int k : kKinds)
             {
-                const SObject* typed = nullptr;
-                for (const SObject& o : all)
-                    if (o.alive && o.name == name && SameLookup(static_cast<EKind>(k), o.kind))
-                    {
-                        typed = &o;
-                        break;
-                    }
-                ZO_FUZZ_CHECK(TypedLookup(static_cast<EKind>(k), name) == (typed ? typed->object : nullptr),
-                              std::string(name) + " kind " + std::to_string(k));
+                const char* lookup = kZoFuzzKinds[k].lookup;
+                const SObject* typed = FirstNamed(all, name, [lookup](const SObject& o) {
+                    return o.kind >= 0 && std::strcmp(kZoFuzzKinds[o.kind].lookup, lookup) == 0;
+                });
+                ZO_FUZZ_CHECK(kZoFuzzKinds[k].find(*m_module, name) == (typed ? typed->object : nullptr),
+                              std::string(name) + " " + lookup);
             }
-            const SLayer* layer = nullptr;
-            for (const SLayer& l : m_layers)
-                if (l.alive && l.name == name)
-                {
-                    layer = &l;
-                    break;
-                }
+            const SLayer* layer = FirstNamed(m_layers, name, [](const SLayer&) { return true; });
             ZO_FUZZ_CHECK(m_module->LookupGraphicsLayer(name) == (layer ? layer->layer : nullptr), name);
         }
+        std::vector<int> counts(m_layers.size());
         for (const SObject& o : m_objects)
         {
-            ZO_FUZZ_CHECK(m_module->LookupGraphicObject(o.id) == (o.alive ? o.object : nullptr), std::to_string(o.id));
+            const std::string id = std::to_string(o.id);
+            ZO_FUZZ_CHECK(m_module->LookupGraphicObject(o.id) == (o.alive ? o.object : nullptr), id);
             if (!o.alive)
                 continue;
-            IZoGraphicsMapLayer* expected = o.layer >= 0 ? m_layers[static_cast<std::size_t>(o.layer)].layer : nullptr;
-            ZO_FUZZ_CHECK(o.object->GetGraphicsMapLayer() == expected, "layer of " + std::to_string(o.id));
-            ZO_FUZZ_CHECK(o.object->GetName() == o.name, "name of " + std::to_string(o.id));
+            const SLayer* layer = o.layer >= 0 ? &m_layers[static_cast<std::size_t>(o.layer)] : nullptr;
+            ZO_FUZZ_CHECK(o.object->GetGraphicsMapLayer() == (layer ? layer->layer : nullptr), "layer of " + id);
+            ZO_FUZZ_CHECK(o.object->GetName() == o.name, "name of " + id);
+            if (layer)
+                ++counts[static_cast<std::size_t>(o.layer)];
         }
         for (std::size_t l = 0; l < m_layers.size(); ++l)
-        {
-            if (!m_layers[l].alive)
-                continue;
-            int count = 0;
-            for (const SObject& o : m_objects)
-                count += o.alive && o.layer == static_cast<int>(l);
-            ZO_FUZZ_CHECK(m_layers[l].layer->GetMapObjectCount() == count, "count of layer " + std::to_string(l));
-        }
+            ZO_FUZZ_CHECK(!m_layers[l].alive || m_layers[l].layer->GetMapObjectCount() == counts[l],
+                          "count of layer " + std::to_string(l));
         ZO_FUZZ_CHECK(m_module->GetDeafultGraphicsLayer() == (m_layers.front().alive ? m_layers.front().layer : nullptr),
                       "default layer");
     }
 
     CZoMapModule& m_map;
-    CGadgetView m_view;
-    CGadgetUser m_user;
+    FakeEditView m_view;
+    RecordingEditableUser m_user;
+    std::function<void()> m_deed;
+    int m_countdown = 0; // steps of the gesture to let pass before the deed
+    int m_deeds = 0;
     IZoGraphicsEditObject* m_gadget = nullptr;
     IZoGraphicsMapLayer* m_gadgetLayer = nullptr;
     std::vector<int> m_gadgetIds;
     int m_scanFrom = 0;
-    int m_deeds = 0;
     std::unique_ptr<CZoGraphicsModule> m_module;
     std::vector<SObject> m_objects;
     std::vector<SLayer> m_layers;

@@ -1,17 +1,22 @@
 #pragma once
 
+#include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoLogSystem.h>
 
+#include <QtGlobal>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
+
+class CZoMapModule;
+class QGraphicsScene;
+class QRectF;
 
 // The fuzz targets. Each reads its operations from the bytes, checks the
 // library against a plain model after every step where it keeps one, and
 // returns 0. They run under libFuzzer (fuzz/FuzzEntry.cpp) and, over their
-// checked-in corpora, in the ordinary test suite.
+// checked-in corpora and seeded random inputs, in the ordinary test suite.
 int ZoFuzzRegistry(const std::uint8_t* data, std::size_t size);
 int ZoFuzzPointList(const std::uint8_t* data, std::size_t size);
 int ZoFuzzSetters(const std::uint8_t* data, std::size_t size);
@@ -49,6 +54,12 @@ public:
     double Plain(double low, double high);
     // Up to maxLength bytes, often not valid GB18030.
     std::string Bytes(std::size_t maxLength);
+    // One of a table's operations on target, picked by the next value.
+    template <class T, std::size_t N>
+    void Apply(T* target, void (*const (&operations)[N])(T*, CZoFuzzInput&))
+    {
+        operations[Int(0, static_cast<int>(N) - 1)](target, *this);
+    }
 
 private:
     const std::uint8_t* m_data;
@@ -56,18 +67,36 @@ private:
     std::size_t m_offset = 0;
 };
 
+template <class T>
+using ZoFuzzOperation = void (*)(T*, CZoFuzzInput&);
+// A row of such a table: one call on the target, its values read from in.
+#define ZO_FUZZ_DO(call) [](auto* target, [[maybe_unused]] CZoFuzzInput& in) { target->call; }
+
+// Every kind the module makes, in the order the inputs name them: its
+// creator, and its typed lookup (kinds found by one lookup share its name).
+struct SZoFuzzKind
+{
+    IZoGraphicsMapObject* (*make)(IZoGraphicsModule&, const std::string&, IZoGraphicsMapLayer*);
+    IZoGraphicsMapObject* (*find)(const IZoGraphicsModule&, const std::string&);
+    const char* lookup;
+};
+extern const SZoFuzzKind kZoFuzzKinds[19];
+
 // A QApplication on the offscreen platform, made once.
 void ZoFuzzEnsureApplication();
+// A zoom level and centre read from the input.
+void ZoFuzzZoom(CZoMapModule& map, CZoFuzzInput& in, double latitude = 85.0);
+// Paints the scene's source rectangle into a small image.
+void ZoFuzzPaint(QGraphicsScene* scene, const QRectF& source, bool antialiased = false);
 
-// Drops the library's warnings while a run lasts: they are expected by the
-// thousand.
+// Keeps the library's warnings from the log while a run lasts: they are
+// expected by the thousand. A run that counts them is handed each.
 class CZoQuietLog
 {
 public:
-    CZoQuietLog();
+    explicit CZoQuietLog(std::function<void(const std::string&)> seen = nullptr);
     ~CZoQuietLog();
-    CZoQuietLog(const CZoQuietLog&) = delete;
-    CZoQuietLog& operator=(const CZoQuietLog&) = delete;
+    Q_DISABLE_COPY(CZoQuietLog)
 
 private:
     ZoLogSink m_previous;

@@ -1,8 +1,11 @@
 #include "fuzz/ZoFuzz.h"
 
-#include <ZoGraphics/ZoLogSystem.h>
+#include <ZoGraphics/CZoMapModule.h>
 
 #include <QApplication>
+#include <QGraphicsScene>
+#include <QImage>
+#include <QPainter>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -18,32 +21,43 @@ void AbortOnFailure(const std::string& what)
 
 ZoFuzzFailureHandler g_failureHandler = AbortOnFailure;
 
+using Limits = std::numeric_limits<double>;
 constexpr double kHostile[] = {
-    0.0,
-    -0.0,
-    1.0,
-    -1.0,
-    0.5,
-    -5.0,
-    90.0,
-    180.0,
-    -360.0,
-    720.5,
-    1e300,
-    -1e300,
-    1e-300,
-    1e18,
-    -1e18,
-    std::numeric_limits<double>::quiet_NaN(),
-    std::numeric_limits<double>::infinity(),
-    -std::numeric_limits<double>::infinity(),
-    std::numeric_limits<double>::denorm_min(),
-    std::numeric_limits<double>::max(),
-    std::numeric_limits<double>::lowest(),
-    2147483648.0,
-    -2147483649.0,
+    0.0, -0.0, 1.0, -1.0, 0.5, -5.0, 90.0, 180.0, -360.0, 720.5, 1e300, -1e300, 1e-300, 1e18, -1e18,
+    Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), Limits::denorm_min(), Limits::max(),
+    Limits::lowest(), 2147483648.0, -2147483649.0,
 };
+
+#define ZO_FUZZ_KIND(Create, Lookup)                                                                              \
+    {[](IZoGraphicsModule& m, const std::string& name, IZoGraphicsMapLayer* layer) -> IZoGraphicsMapObject* {     \
+         return m.Create(name, layer);                                                                            \
+     },                                                                                                           \
+     [](const IZoGraphicsModule& m, const std::string& name) -> IZoGraphicsMapObject* { return m.Lookup(name); }, \
+     #Lookup}
 } // namespace
+
+const SZoFuzzKind kZoFuzzKinds[19] = {
+    ZO_FUZZ_KIND(CreateDotMapObject, LookupDotMapObject),
+    ZO_FUZZ_KIND(CreateCircleMapObject, LookupCircleMapObject),
+    ZO_FUZZ_KIND(CreateEllipseMapObject, LookupEllipseMapObject),
+    ZO_FUZZ_KIND(CreatePieMapObject, LookupBowMapObject),
+    ZO_FUZZ_KIND(CreateArcMapObject, LookupBowMapObject),
+    ZO_FUZZ_KIND(CreateChordMapObject, LookupBowMapObject),
+    ZO_FUZZ_KIND(CreateRectangleMapObject, LookupRectangleMapObject),
+    ZO_FUZZ_KIND(CreateTileMapObject, LookupRectangleMapObject),
+    ZO_FUZZ_KIND(CreateBubbleMapObject, LookupBubbleMapObject),
+    ZO_FUZZ_KIND(CreatePolylineMapObject, LookupPolylineMapObject),
+    ZO_FUZZ_KIND(CreatePolygonMapObject, LookupPolygonMapObject),
+    ZO_FUZZ_KIND(CreateMultiDotMapObject, LookupMultiDotMapObject),
+    ZO_FUZZ_KIND(CreateMultiLineMapObject, LookupMultiLineMapObject),
+    ZO_FUZZ_KIND(CreateMultiPolygonMapObject, LookupMultiPolygonMapObject),
+    ZO_FUZZ_KIND(CreateTextMapObject, LookupTextMapObject),
+    ZO_FUZZ_KIND(CreateMarkPointMapObject, LookupLabelMapObject),
+    ZO_FUZZ_KIND(CreateSVGMapObject, LookupSVGMapObject),
+    ZO_FUZZ_KIND(CreateWidgetMapObject, LookupWidgetMapObject),
+    ZO_FUZZ_KIND(CreateLayerCanvasMapObject, LookupLayerCanvasMapObject),
+};
+#undef ZO_FUZZ_KIND
 
 void ZoFuzzSetFailureHandler(ZoFuzzFailureHandler handler)
 {
@@ -111,7 +125,29 @@ void ZoFuzzEnsureApplication()
     Q_UNUSED(application);
 }
 
-CZoQuietLog::CZoQuietLog() : m_previous(ZoSetLogSink([](EZoLogLevel, const std::string&) {})) {}
+void ZoFuzzZoom(CZoMapModule& map, CZoFuzzInput& in, double latitude)
+{
+    const double level = in.Plain(0.0, 21.0);
+    const double x = in.Plain(-180, 180);
+    map.SetZoomAround(level, x, in.Plain(-latitude, latitude));
+}
+
+void ZoFuzzPaint(QGraphicsScene* scene, const QRectF& source, bool antialiased)
+{
+    QImage image(96, 64, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, antialiased);
+    scene->render(&painter, QRectF(image.rect()), source);
+}
+
+CZoQuietLog::CZoQuietLog(std::function<void(const std::string&)> seen)
+    : m_previous(ZoSetLogSink([seen](EZoLogLevel, const std::string& message) {
+          if (seen)
+              seen(message);
+      }))
+{
+}
 
 CZoQuietLog::~CZoQuietLog()
 {

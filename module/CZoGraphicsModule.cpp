@@ -398,12 +398,6 @@ T* CZoGraphicsModule::CreateAndRegister(const std::string& name, IZoGraphicsMapL
     return CreateAndRegister<T>(name, layer, creator, NoSetup());
 }
 
-std::nullptr_t CZoGraphicsModule::CreateUnavailable(const char* creator) const
-{
-    ZoLogWarnAt(kClassName, creator) << ZoLogReason::kInitialiseFailed;
-    return nullptr;
-}
-
 // --- edit gadgets --------------------------------------------------------------
 
 IZoGraphicsEditObject* CZoGraphicsModule::CreateTranslateEditObject(IZoGraphicsMapLayer* layer)

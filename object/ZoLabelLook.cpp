@@ -1,5 +1,6 @@
 #include "object/ZoLabelLook.h"
 
+#include "object/ZoPixelValues.h"
 #include "object/ZoTextPath.h"
 
 #include <ZoGraphics/ZoCoreUtility.h>
@@ -173,7 +174,7 @@ void SplitPhase(double at, int* whole, int* phase)
         eighths = 0;
         floor += 1.0;
     }
-    *whole = static_cast<int>(floor);
+    *whole = ZoPixelInt(floor);
     *phase = eighths;
 }
 

@@ -174,8 +174,6 @@ private:
     T* CreateAndRegister(const std::string& name, IZoGraphicsMapLayer* layer, const char* creator);
     template <class Interface>
     Interface* LookupTyped(const std::string& name) const;
-    // Logs the creator's failure text; for kinds this build does not provide.
-    std::nullptr_t CreateUnavailable(const char* creator) const;
     // Which of the four stacking walks; see the .cpp.
     enum class EStacking { Top, Upper, Lower, Bottom };
     // Objects left on a layer that is being deleted lose their layer, so

@@ -2,6 +2,7 @@
 
 #include "shapes/pointlist/ZoPointListRules.h"
 #include "object/ZoDevicePixels.h"
+#include "object/ZoPixelValues.h"
 
 #include <QImage>
 #include <QPaintEngine>
@@ -490,10 +491,10 @@ bool CZoSegmentIndex::HitsRect(const QRectF& rect, double halfWidth) const
     if (probe.right() < reach.left() || probe.left() > reach.right() || probe.bottom() < reach.top() ||
         probe.top() > reach.bottom())
         return false;
-    const int c0 = std::clamp(static_cast<int>(std::floor((probe.left() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
-    const int c1 = std::clamp(static_cast<int>(std::floor((probe.right() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
-    const int r0 = std::clamp(static_cast<int>(std::floor((probe.top() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
-    const int r1 = std::clamp(static_cast<int>(std::floor((probe.bottom() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
+    const int c0 = std::clamp(ZoPixelInt(std::floor((probe.left() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
+    const int c1 = std::clamp(ZoPixelInt(std::floor((probe.right() - m_bounds.left()) / m_cellSize)), 0, m_columns - 1);
+    const int r0 = std::clamp(ZoPixelInt(std::floor((probe.top() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
+    const int r1 = std::clamp(ZoPixelInt(std::floor((probe.bottom() - m_bounds.top()) / m_cellSize)), 0, m_rows - 1);
     for (int row = r0; row <= r1; ++row)
     {
         for (int c = c0; c <= c1; ++c)

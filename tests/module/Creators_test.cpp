@@ -5,80 +5,120 @@ using Messages = std::vector<std::string>;
 
 namespace
 {
-struct Creator
+using Creation = IZoGraphicsMapObject* (*)(CZoGraphicsModule& module, CZoGraphicsModule& other);
+
+// Creations that go wrong, and ones that only look wrong, with all they log.
+struct SCreation
 {
-    MapObjectMaker make;
-    const char* objectText; // the object's own Initialise text
-    const char* creatorText;
+    const char* what;
+    Creation create;
+    int registered; // objects the module holds then; the one made is on the default layer
+    Messages log;
 };
 
-template <class K>
-Creator Row(const char* creatorText)
+const SCreation kCreations[] = {
+    {"empty name", [](auto& m, auto&) -> IZoGraphicsMapObject* { return m.CreateDotMapObject("", nullptr); }, 1},
+    {"a name in use", [](auto& m, auto&) -> IZoGraphicsMapObject* {
+         m.CreateDotMapObject("d", nullptr);
+         return m.CreateCircleMapObject("d", nullptr);
+     }, 2},
+    {"another module's layer", [](auto& m, auto& other) -> IZoGraphicsMapObject* {
+         return m.CreateDotMapObject("d", other.GetDeafultGraphicsLayer());
+     }, 0, {"[CZoGraphicsModule::CreateDotMapObject] 图层不属于本模块"}},
+    {"no layer and no default layer", [](auto& m, auto&) -> IZoGraphicsMapObject* {
+         m.DestroyGraphicsLayer(m.GetDeafultGraphicsLayer());
+         return m.CreateDotMapObject("d", nullptr);
+     }, 0, {"[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}},
+    {"uninitialised module", [](auto&, auto&) -> IZoGraphicsMapObject* {
+         CZoGraphicsModule fresh;
+         return fresh.CreateDotMapObject("d", nullptr);
+     }, 0, {"[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}},
+    // Initialise without a map succeeds, but makes no layer.
+    {"module without a map", [](auto&, auto&) -> IZoGraphicsMapObject* {
+         CZoGraphicsModule fresh;
+         EXPECT_TRUE(fresh.Initialise("no map", nullptr));
+         EXPECT_EQ(fresh.CreateGraphicsLayer("l"), nullptr);
+         return fresh.CreateDotMapObject("d", nullptr);
+     }, 0, {"[CZoGraphicsMapLayer::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
+                "[CZoGraphicsMapLayer::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
+                "[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}},
+};
+
+class Creators : public ModuleFixture
 {
-    return {[](IZoGraphicsModule& m, const std::string& name, IZoGraphicsMapLayer* layer) -> IZoGraphicsMapObject* {
-                return K::Create(m, name, layer);
-            },
-            K::Texts().initialise, creatorText};
+};
+
+TEST_F(Creators, RefuseWhatTheyCannotPlaceAndLogWhy)
+{
+    CZoGraphicsModule other;
+    ASSERT_TRUE(other.Initialise("other", &map));
+    for (const SCreation& row : kCreations)
+    {
+        CZoGraphicsModule target;
+        ASSERT_TRUE(target.Initialise("target", &map));
+        log.Clear();
+        IZoGraphicsMapObject* made = row.create(target, other);
+        EXPECT_EQ(made != nullptr, row.registered > 0) << row.what;
+        EXPECT_EQ(log.Messages(), row.log) << row.what;
+        EXPECT_EQ(target.GetRegisteredObjectCount(), row.registered) << row.what;
+        if (made)
+        {
+            EXPECT_EQ(target.LookupGraphicObject(made->GetObjectID()), made) << row.what;
+            EXPECT_TRUE(target.GetDeafultGraphicsLayer()->ContainsMapObject(made)) << row.what;
+        }
+        target.Unintialise();
+    }
+    // Edit gadgets are refused another module's layer alike.
+    log.Clear();
+    EXPECT_EQ(module.CreateTranslateEditObject(other.GetDeafultGraphicsLayer()), nullptr);
+    EXPECT_EQ(log.Messages(), Messages{"[CZoGraphicsModule::CreateTranslateEditObject] 图层不属于本模块"});
+    other.Unintialise();
 }
 
-const std::vector<Creator>& Creators()
+// Each creator names itself in its failure, after the object's own text
+// where the object could not start.
+TEST_F(Creators, EveryKindLogsItsOwnCreatorsText)
 {
-    static const std::vector<Creator> rows{
-        Row<DotKind>("[CZoGraphicsModule::CreateDotMapObject] 初始化失败"),
-        Row<TextKind>("[CZoGraphicsModule::CreateTextMapObject] 初始化失败"),
-        Row<CircleKind>("[CZoGraphicsModule::CreateCircleMapObject] 初始化失败"),
-        Row<EllipseKind>("[CZoGraphicsModule::CreateEllipseMapObject] 初始化失败"),
-        Row<RectangleKind>("[CZoGraphicsModule::CreateRectangleMapObject] 初始化失败"),
-        Row<TileKind>("[CZoGraphicsModule::CreateTileMapObject] 初始化失败"),
-        Row<PieKind>("[CZoGraphicsModule::CreatePieMapObject] 初始化失败"),
-        Row<ArcKind>("[CZoGraphicsModule::CreateArcMapObject] 初始化失败"),
-        Row<ChordKind>("[CZoGraphicsModule::CreateChordMapObject] 初始化失败"),
-        Row<BubbleKind>("[CZoGraphicsModule::CreateBubbleMapObject] 初始化失败"),
-        Row<MarkPointKind>("[CZoGraphicsModule::CreateMarkPointMapObject] 初始化失败"),
-        Row<SVGKind>("[CZoGraphicsModule::CreateSVGMapObject] 初始化失败"),
-        Row<WidgetKind>("[CZoGraphicsModule::CreateWidgetMapObject] 初始化失败"),
-        Row<LayerCanvasKind>("[CZoGraphicsModule::CreateLayerCanvasMapObject] 初始化失败"),
-        Row<PolylineKind>("[CZoGraphicsModule::CreatePolylineMapObject] 初始化失败"),
-        Row<PolygonKind>("[CZoGraphicsModule::CreatePolygonMapObject] 初始化失败"),
-        Row<MultiDotKind>("[CZoGraphicsModule::CreateMultiDotMapObject] 初始化失败"),
-        Row<MultiLineKind>("[CZoGraphicsModule::CreateMultiLineMapObject] 初始化失败"),
-        Row<MultiPolygonKind>("[CZoGraphicsModule::CreateMultiPolygonMapObject] 初始化失败"),
+    struct SCreator
+    {
+        MapObjectMaker make;
+        const char* objectText;
+        const char* creatorText;
     };
-    return rows;
+    const auto row = [](auto kind, const char* creatorText) {
+        using K = decltype(kind);
+        return SCreator{&K::Create, K::Texts().initialise, creatorText};
+    };
+    const SCreator rows[] = {
+        row(DotKind(), "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"),
+        row(TextKind(), "[CZoGraphicsModule::CreateTextMapObject] 初始化失败"),
+        row(CircleKind(), "[CZoGraphicsModule::CreateCircleMapObject] 初始化失败"),
+        row(EllipseKind(), "[CZoGraphicsModule::CreateEllipseMapObject] 初始化失败"),
+        row(RectangleKind(), "[CZoGraphicsModule::CreateRectangleMapObject] 初始化失败"),
+        row(TileKind(), "[CZoGraphicsModule::CreateTileMapObject] 初始化失败"),
+        row(PieKind(), "[CZoGraphicsModule::CreatePieMapObject] 初始化失败"),
+        row(ArcKind(), "[CZoGraphicsModule::CreateArcMapObject] 初始化失败"),
+        row(ChordKind(), "[CZoGraphicsModule::CreateChordMapObject] 初始化失败"),
+        row(BubbleKind(), "[CZoGraphicsModule::CreateBubbleMapObject] 初始化失败"),
+        row(MarkPointKind(), "[CZoGraphicsModule::CreateMarkPointMapObject] 初始化失败"),
+        row(SVGKind(), "[CZoGraphicsModule::CreateSVGMapObject] 初始化失败"),
+        row(WidgetKind(), "[CZoGraphicsModule::CreateWidgetMapObject] 初始化失败"),
+        row(LayerCanvasKind(), "[CZoGraphicsModule::CreateLayerCanvasMapObject] 初始化失败"),
+        row(PolylineKind(), "[CZoGraphicsModule::CreatePolylineMapObject] 初始化失败"),
+        row(PolygonKind(), "[CZoGraphicsModule::CreatePolygonMapObject] 初始化失败"),
+        row(MultiDotKind(), "[CZoGraphicsModule::CreateMultiDotMapObject] 初始化失败"),
+        row(MultiLineKind(), "[CZoGraphicsModule::CreateMultiLineMapObject] 初始化失败"),
+        row(MultiPolygonKind(), "[CZoGraphicsModule::CreateMultiPolygonMapObject] 初始化失败"),
+    };
+    module.DestroyGraphicsLayer(DefaultLayer());
+    for (const SCreator& creator : rows)
+    {
+        CZoGraphicsModule unset;
+        log.Clear();
+        EXPECT_EQ(creator.make(unset, "x", nullptr), nullptr) << creator.creatorText;
+        EXPECT_EQ(creator.make(module, "x", nullptr), nullptr) << creator.creatorText;
+        EXPECT_EQ(log.Messages(), (Messages{creator.objectText, creator.creatorText, creator.creatorText}));
+    }
+    EXPECT_EQ(module.GetRegisteredObjectCount(), 0);
 }
 } // namespace
-
-// Without a map the object says why first, then its creator; nothing is
-// registered.
-TEST(Creators, WithoutAMapLogTheObjectsTextThenTheirOwn)
-{
-    for (const Creator& creator : Creators())
-    {
-        CZoGraphicsModule module;
-        LogCapture log;
-        EXPECT_EQ(creator.make(module, "x", nullptr), nullptr) << creator.creatorText;
-        EXPECT_EQ(log.Messages(), (Messages{creator.objectText, creator.creatorText}));
-        EXPECT_EQ(module.GetRegisteredObjectCount(), 0);
-        EXPECT_EQ(module.LookupGraphicObject("x"), nullptr);
-    }
-}
-
-class CreatorsWithMap : public ModuleFixture
-{
-};
-
-// With a map but no default layer, a null layer makes every creator fail on
-// its own text.
-TEST_F(CreatorsWithMap, WithoutTheDefaultLayerNullLayersFail)
-{
-    module.DestroyGraphicsLayer(DefaultLayer());
-    EXPECT_TRUE(map.handlers.empty());
-    const int before = module.GetRegisteredObjectCount();
-    for (const Creator& creator : Creators())
-    {
-        log.Clear();
-        EXPECT_EQ(creator.make(module, "x", nullptr), nullptr);
-        EXPECT_EQ(log.Messages(), Messages{creator.creatorText});
-    }
-    EXPECT_EQ(module.GetRegisteredObjectCount(), before);
-}
