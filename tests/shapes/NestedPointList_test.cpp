@@ -1,8 +1,9 @@
 #include "support/ModuleFixture.h"
-#include "support/PointListModel.h"
 
 #include "shapes/multiline/CZoMultiLineMapObject.h"
 #include "shapes/multipolygon/CZoMultiPolygonMapObject.h"
+
+#include <QGraphicsItem>
 
 using Messages = std::vector<std::string>;
 using Lines = std::vector<std::vector<CVector3D>>;
@@ -55,22 +56,14 @@ struct MultiPolygonLists
     static std::vector<std::string> FaultTexts()
     {
         const std::string c = "[CZoPolygonMapObject::";
-        return {"[CZoMultiPolygonMapObject::SetPolygonData] Index越界: 2",
-                c + "InsertPolygon] Index越界: 3",
-                c + "RemovePolygon] Index越界: 2",
-                c + "GetPolygonData] Index越界: -1",
-                c + "GetPointNumber] Index越界: 2",
-                c + "ModifyData] nPolygonIndex越界: 2",
-                c + "ModifyData] nPolygonIndex越界: 3",
-                c + "At] nPolygonIndex越界: -1",
-                c + "At] nPointIndex越界: 3",
-                c + "AppendPoint] nPolygonIndex越界: 2",
-                c + "InsertPoint] nPolygonIndex越界: 2",
-                c + "InsertPoint] nPointIndex越界: 4",
-                c + "RemovePoint] nPolygonIndex越界: 2",
-                c + "RemovePoint] nPointIndex越界: 3",
-                c + "PopPoint] nPolygonIndex越界: 2",
-                c + "PopPoint] nPolygonIndex对应点集为空"};
+        return {"[CZoMultiPolygonMapObject::SetPolygonData] Index越界: 2", c + "InsertPolygon] Index越界: 3",
+                c + "RemovePolygon] Index越界: 2",      c + "GetPolygonData] Index越界: -1",
+                c + "GetPointNumber] Index越界: 2",     c + "ModifyData] nPolygonIndex越界: 2",
+                c + "ModifyData] nPolygonIndex越界: 3", c + "At] nPolygonIndex越界: -1",
+                c + "At] nPointIndex越界: 3",           c + "AppendPoint] nPolygonIndex越界: 2",
+                c + "InsertPoint] nPolygonIndex越界: 2", c + "InsertPoint] nPointIndex越界: 4",
+                c + "RemovePoint] nPolygonIndex越界: 2", c + "RemovePoint] nPointIndex越界: 3",
+                c + "PopPoint] nPolygonIndex越界: 2",   c + "PopPoint] nPolygonIndex对应点集为空"};
     }
     static constexpr bool kCleanupLogs = true;
 };
@@ -82,21 +75,10 @@ protected:
     void SetUp() override
     {
         ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("nested");
-        object = Kind::Create(module, layer);
+        object = Kind::Create(module, module.CreateGraphicsLayer("nested"));
         ASSERT_NE(object, nullptr);
         log.Clear();
     }
-    void ExpectMatches(const PointListModel& model, const std::string& where)
-    {
-        ASSERT_EQ(Kind::LineCount(object), static_cast<std::int64_t>(model.lines.size())) << where;
-        EXPECT_EQ(object->Lines(), model.lines) << where;
-        EXPECT_EQ(object->GetAnchor(), model.anchor) << where;
-        ExpectSameBox(object->GetBoundingBox(), model.Extent(), where);
-        ExpectOffsetsFollowModel(map, model, object->GetQtItem(), object->GetItem()->Offsets().lines, where);
-    }
-
-    IZoGraphicsMapLayer* layer = nullptr;
     typename Kind::Object* object = nullptr;
 };
 

@@ -167,7 +167,9 @@ Path SpikeAtOrigin(float z)
 }
 } // namespace
 
-TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactly)
+// Up to 400 points, or from level 18 on, the points are copied exactly;
+// longer lists below level 18 (negative levels too) are reduced.
+TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactlyLongOnesReduced)
 {
     std::mt19937 rng(7);
     const Path four00 = RandomWalk(rng, 400, 0.1);
@@ -177,12 +179,6 @@ TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactly)
     EXPECT_EQ(Smoothed(four01, 18), four01);
     EXPECT_EQ(Smoothed(four01, 25), four01);
     EXPECT_EQ(Smoothed(Path{}, 0), Path{});
-}
-
-TEST(DPSmoothThresholds, LongListsBelowLevel18AreReduced)
-{
-    std::mt19937 rng(8);
-    const Path four01 = RandomWalk(rng, 401, 0.1);
     const Path reduced = Smoothed(four01, 17);
     EXPECT_LT(reduced.size(), four01.size());
     EXPECT_EQ(reduced, Reference(four01, 0.4));
