@@ -1,5 +1,6 @@
 #include "support/ImageCompare.h"
 #include "support/KindFixture.h"
+#include "support/RenderItem.h"
 
 #include "shapes/circle/CZoCircleMapObject.h"
 
@@ -141,13 +142,9 @@ TEST_F(Circle, PaintsTheSameOnTheSceneAndOnACanvas)
 {
     Style(object);
     object->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
-    QImage image = BlankCanvas(80, 80);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(40, 30);
-    object->GetQtItem()->paint(&painter, nullptr, nullptr);
-    painter.end();
-    EXPECT_EQ(CompareWithReference(image, QStringLiteral("circle_label_bottom"), 16, 12), QString());
+    EXPECT_EQ(CompareWithReference(RenderItemAt(object->GetQtItem(), 80, 80, QPointF(40, 30)),
+                                   QStringLiteral("circle_label_bottom"), 16, 12),
+              QString());
 
     layer->SetAutoAdd(false);
     IZoCircleMapObject* loose = module.CreateCircleMapObject("Ring", layer);
@@ -157,7 +154,7 @@ TEST_F(Circle, PaintsTheSameOnTheSceneAndOnACanvas)
     loose->SetCenter(CVector3D(0.0, 0.0, 0.0));
     loose->SetRadiusPoint(CVector3D(7.03125, 0.0, 0.0));
     QImage canvas = BlankCanvas(1024, 1024);
-    painter.begin(&canvas);
+    QPainter painter(&canvas);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-472, -482); // bring pixel (512, 512) to (40, 30)
     loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 2, nullptr);

@@ -4,6 +4,7 @@
 // tile model.
 #include "support/ImageCompare.h"
 #include "support/KindFixture.h"
+#include "support/RenderItem.h"
 
 #include <QGraphicsItem>
 #include <QGraphicsSceneHoverEvent>
@@ -116,13 +117,9 @@ TEST_F(Ellipse, InscribedInItsExtentWithoutMarginOrPenAndPaintedWithItsLabel)
     object->SetNameOffset(2.0f);
     object->SetPenWidth(2.0f);
     object->SetBrushColor(QColor(120, 200, 240, 180));
-    QImage image = BlankCanvas(100, 40);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(20, 20);
-    object->GetQtItem()->paint(&painter, nullptr, nullptr);
-    painter.end();
-    EXPECT_EQ(CompareWithReference(image, QStringLiteral("ellipse_label_right"), 16, 12), QString());
+    EXPECT_EQ(CompareWithReference(RenderItemAt(object->GetQtItem(), 100, 40, QPointF(20, 20)),
+                                   QStringLiteral("ellipse_label_right"), 16, 12),
+              QString());
 }
 
 TEST_F(Ellipse, AZeroWidthExtentHasNoShapeButStillPaints)

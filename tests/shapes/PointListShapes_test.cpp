@@ -180,27 +180,15 @@ TEST_F(PointListShapes, OutlinesAreThinnedOnlyWhenTheLayerAsksAndLookTheSame)
     CSimplifyingLayer simplifying(module.CreateGraphicsLayer("simplifying"));
     const std::vector<CVector3D> circle = FineCircle(3.0, 6000);
     const std::vector<std::vector<CVector3D>> circles{circle, FineCircle(1.5, 3000)};
+    auto with = [](auto* object, const auto& data) -> IZoGraphicsMapObject* {
+        object->SetData(data);
+        return object;
+    };
     const std::function<IZoGraphicsMapObject*(IZoGraphicsMapLayer*)> kinds[] = {
-        [&](IZoGraphicsMapLayer* l) {
-            auto* o = module.CreatePolylineMapObject("polyline", l);
-            o->SetData(circle);
-            return o;
-        },
-        [&](IZoGraphicsMapLayer* l) {
-            auto* o = module.CreatePolygonMapObject("polygon", l);
-            o->SetData(circle);
-            return o;
-        },
-        [&](IZoGraphicsMapLayer* l) {
-            auto* o = module.CreateMultiLineMapObject("multi-line", l);
-            o->SetData(circles);
-            return o;
-        },
-        [&](IZoGraphicsMapLayer* l) {
-            auto* o = module.CreateMultiPolygonMapObject("multi-polygon", l);
-            o->SetData(circles);
-            return o;
-        },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreatePolylineMapObject("polyline", l), circle); },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreatePolygonMapObject("polygon", l), circle); },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreateMultiLineMapObject("multi-line", l), circles); },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreateMultiPolygonMapObject("multi-polygon", l), circles); },
     };
     // What painting the item records, and what it looks like.
     auto painted = [](QGraphicsItem* item) {
