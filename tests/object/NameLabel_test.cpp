@@ -248,8 +248,8 @@ TEST_F(NameLabel, ChangedStylesAndTextsGetLooksOfTheirOwn)
     EXPECT_GT(CountPixels(Render(label), qRgb(0, 160, 0)), 2 * CountPixels(green, qRgb(0, 160, 0)));
 }
 
-// A released label gives its look back; drawn again, it is put together from
-// the glyph looks already held, without drawing any glyph anew.
+// A released label gives its look back and measures anew when next placed;
+// drawn again, it is put together from the glyph looks already held.
 TEST_F(NameLabel, AReleasedLabelGivesItsLookBackAndReusesItsGlyphs)
 {
     CZoNameLabel label = Label(QStringLiteral("released"));
@@ -266,6 +266,13 @@ TEST_F(NameLabel, AReleasedLabelGivesItsLookBackAndReusesItsGlyphs)
     label.Place(EZoLabelPlacement::RightBaseline, 10, 30);
     EXPECT_EQ(Render(label), first);
     EXPECT_EQ(ZoLabelLookCache::GlyphBytes(), glyphBytes);
+    // Released after its look left the cache, it still measures anew.
+    ZoLabelLookCache::SetLimit(0);
+    ASSERT_FALSE(label.HoldsLook());
+    label.font = QFont(QStringLiteral("DejaVu Sans"), 22);
+    label.Release();
+    label.Place(EZoLabelPlacement::RightBaseline, 10, 30);
+    EXPECT_EQ(label.TextRect().width(), QFontMetrics(label.font).horizontalAdvance(QStringLiteral("released")));
 }
 
 TEST_F(NameLabel, TheCacheStaysWithinItsBoundDroppingTheLeastRecentlyUsed)
