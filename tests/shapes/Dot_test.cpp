@@ -30,7 +30,7 @@ protected:
     }
 };
 
-// A host draws a dot without setting it up: six pixels across a one-pixel pen.
+// A dot the host has not styled: a radius of six pixels and a one-pixel pen.
 TEST_F(Dot, ShapeRadiusIsRadiusPlusPenWidthTimesPixelScale)
 {
     EXPECT_EQ(ShapeRect(), QRectF(-7, -7, 14, 14));
