@@ -23,6 +23,7 @@ TEST_F(Polyline, SetPositionMovesRigidlyWithoutRecomputingOffsets)
     object->SetData({{1, 1, 0}, {2, 3, 0}, {4, 1, 0}});
     const QPolygonF before = Impl()->GetItem()->Offsets().lines.front();
     object->SetPosition(CVector3D(11, 21, 0));
+    EXPECT_EQ(Impl()->GetPosition(), CVector3D(11, 21, 0));
     EXPECT_EQ(object->GetData(), (std::vector<CVector3D>{{11, 21, 0}, {12, 23, 0}, {14, 21, 0}}));
     EXPECT_EQ(Item()->pos(), QPointF(110, -210));
     EXPECT_EQ(Impl()->GetItem()->Offsets().lines.front(), before);
