@@ -21,17 +21,10 @@ protected:
         object->SetRadiusPoint(CVector3D(3.0, 3.0, 0.0));
         log.Clear();
     }
-    QRectF ShapeRect() const { return object->GetQtItem()->shape().boundingRect(); }
-    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
     static void Style(IZoCircleMapObject* c)
     {
-        c->SetName("Ring");
-        c->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-        c->SetNameVisible(true);
+        StyleLikeTheReferences(c, "Ring", QColor(250, 200, 40, 160));
         c->SetLabelPosition(1);
-        c->SetPenWidth(2.0f);
-        c->SetPenColor(QColor(20, 40, 160));
-        c->SetBrushColor(QColor(250, 200, 40, 160));
     }
 };
 

@@ -12,17 +12,10 @@
 class Dot : public KindFixture<DotKind>
 {
 protected:
-    QRectF ShapeRect() const { return object->GetQtItem()->shape().boundingRect(); }
-    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
     static void Style(IZoDotMapObject* dot)
     {
-        dot->SetName("Dot");
-        dot->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-        dot->SetNameVisible(true);
+        StyleLikeTheReferences(dot, "Dot", QColor(250, 200, 40));
         dot->SetRadius(8.0);
-        dot->SetPenWidth(2.0f);
-        dot->SetPenColor(QColor(20, 40, 160));
-        dot->SetBrushColor(QColor(250, 200, 40));
     }
     QImage Render(int width = 120, int height = 60) const
     {
