@@ -1,13 +1,7 @@
 // Shapes across the antimeridian and round a pole, on the reference host:
 // each is drawn where it lies, the short way, never across the whole world.
-#include <ZoGraphics/CZoGraphicsModule.h>
 #include <ZoGraphics/CZoMapModule.h>
-#include <ZoGraphics/IZoCircleMapObject.h>
-#include <ZoGraphics/IZoPolylineMapObject.h>
-#include <ZoGraphics/IZoRectangleMapObject.h>
-#include <ZoGraphics/IZoSVGMapObject.h>
-#include <ZoGraphics/IZoSurfaceStyleGraphicsMapObject.h>
-#include <ZoGraphics/ZoGeoJson.h>
+#include <ZoGraphics/ZoGraphics.h>
 
 #include "support/ImageCompare.h"
 #include "support/LogCapture.h"
@@ -66,10 +60,11 @@ protected:
         map.GetScene()->render(&painter, QRectF(image.rect()), QRectF(-w, 0.0, 3 * w, w));
         return image;
     }
-    bool Filled(const QImage& image, QPoint at)
+    // Whether the pixel of (lon, lat) is filled, or that of the same place
+    // one world further east.
+    bool Filled(const QImage& image, double lon, double lat, int worlds = 1)
     {
-        at.rx() += static_cast<int>(WorldWidth());
-        return image.pixel(at) != qRgb(255, 255, 255);
+        return image.pixel(Pixel(lon, lat) + QPoint(worlds * static_cast<int>(WorldWidth()), 0)) != qRgb(255, 255, 255);
     }
     double FilledShareOfRow(const QImage& image, double lat)
     {
@@ -96,29 +91,27 @@ TEST_F(AntimeridianTest, WorldCountriesLeaveTheOceansEmpty)
         EXPECT_LT(FilledShareOfRow(image, lat), 0.8) << "latitude " << lat;
     // Chukotka east of the antimeridian and Wrangel Island lie beside the rest
     // of Russia, and Antarctica still covers the south of the map.
-    const QPoint turn(static_cast<int>(WorldWidth()), 0);
-    EXPECT_TRUE(Filled(image, Pixel(-177.0, 66.5) + turn));
-    EXPECT_TRUE(Filled(image, Pixel(-179.0, 71.2) + turn));
-    EXPECT_TRUE(Filled(image, Pixel(0.0, -84.0)));
+    EXPECT_TRUE(Filled(image, -177.0, 66.5, 2));
+    EXPECT_TRUE(Filled(image, -179.0, 71.2, 2));
+    EXPECT_TRUE(Filled(image, 0.0, -84.0));
 }
 
 TEST_F(AntimeridianTest, RingsAcrossOrRoundAPoleAndPartsAsTheirUnion)
 {
     ASSERT_EQ(Load(ZO_TEST_DATA_DIR "/antimeridian_rings.geojson").size(), 3u);
     const QImage image = Render();
-    const QPoint turn(static_cast<int>(WorldWidth()), 0);
-    // The ring from 170 to -170 is 20 degrees wide, east of 170.
-    EXPECT_TRUE(Filled(image, Pixel(175.0, 0.0)));
-    EXPECT_TRUE(Filled(image, Pixel(-175.0, 0.0) + turn));
-    EXPECT_FALSE(Filled(image, Pixel(0.0, 0.0)));
-    // The ring round the south pole closes along it.
-    EXPECT_TRUE(Filled(image, Pixel(0.0, -80.0)));
-    EXPECT_TRUE(Filled(image, Pixel(-120.0, -80.0)));
-    EXPECT_FALSE(Filled(image, Pixel(0.0, -60.0)));
-    // Overlapping parts fill their overlap; a hole stays a hole.
-    EXPECT_TRUE(Filled(image, Pixel(15.0, 35.0)));
-    EXPECT_TRUE(Filled(image, Pixel(25.0, 45.0)));
-    EXPECT_FALSE(Filled(image, Pixel(6.0, 30.0)));
+    // The ring from 170 to -170 is 20 degrees wide, east of 170; the ring
+    // round the south pole closes along it; overlapping parts fill their
+    // overlap, and a hole stays a hole.
+    const struct
+    {
+        double lon, lat;
+        int worlds;
+        bool filled;
+    } cases[] = {{175, 0, 1, true},   {-175, 0, 2, true},  {0, 0, 1, false},  {0, -80, 1, true}, {-120, -80, 1, true},
+                 {0, -60, 1, false}, {15, 35, 1, true},   {25, 45, 1, true}, {6, 30, 1, false}};
+    for (const auto& c : cases)
+        EXPECT_EQ(Filled(image, c.lon, c.lat, c.worlds), c.filled) << c.lon << "," << c.lat;
 }
 
 // Whatever way a line is built, point by point or at once, it takes the short

@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-
 #include <limits>
 #include <memory>
 
@@ -73,6 +72,8 @@ TEST_F(Bubble, SizeFollowsTheWidgetUnlessGivenAndIgnoresTheZoom)
     EXPECT_EQ(object->GetWidth(), width);
 }
 
+// The widget stays the host's: handed back where it came from, or left
+// alone; one the host deletes leaves an empty bubble.
 TEST_F(Bubble, TheWidgetStaysTheHosts)
 {
     QWidget parent;
@@ -81,18 +82,14 @@ TEST_F(Bubble, TheWidgetStaysTheHosts)
     EXPECT_EQ(label->parentWidget(), nullptr);
     EXPECT_FALSE(label->isVisible());
     object->SetWidget(label.get());
-    EXPECT_EQ(second.parentWidget(), &parent); // handed back where it came from
-    module.DestroyGraphicsMapObject(object);
-    EXPECT_EQ(label->parentWidget(), nullptr);
-}
-
-TEST_F(Bubble, AWidgetDeletedByTheHostLeavesAnEmptyBubble)
-{
+    EXPECT_EQ(second.parentWidget(), &parent);
     label.reset();
     EXPECT_EQ(object->GetWidget(), nullptr);
     object->SetSize(0, 0);
     EXPECT_GE(object->GetWidth(), 48);
+    object->SetWidget(&second);
     module.DestroyGraphicsMapObject(object);
+    EXPECT_EQ(second.parentWidget(), &parent);
 }
 
 TEST_F(Bubble, PressesAndWheelTurnsAreTakenAndReported)
@@ -122,10 +119,7 @@ TEST_F(Bubble, TheCloseButtonHidesTheBubbleInTheSharedButtonStyle)
     EXPECT_FALSE(Item()->isVisible());
     object->SetVisible(true);
     EXPECT_TRUE(Item()->isVisible());
-}
-
-TEST_F(Bubble, NonFinitePositionsLogAndStayAtTheOrigin)
-{
+    // A position that cannot be converted puts the bubble at the origin.
     object->SetPosition(CVector3D(std::numeric_limits<double>::infinity(), 0.0, 0.0));
     EXPECT_EQ(Item()->pos(), QPointF(0.0, 0.0));
     EXPECT_EQ(log.Messages(),

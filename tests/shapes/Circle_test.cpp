@@ -1,17 +1,14 @@
 #include "support/ImageCompare.h"
 #include "support/KindFixture.h"
+#include "support/RenderItem.h"
 
 #include "shapes/circle/CZoCircleMapObject.h"
-
-#include <ZoGraphics/ZoTileModel.h>
 
 #include <QGraphicsItem>
 #include <QPainter>
 
 #include <cmath>
 #include <limits>
-
-using Messages = std::vector<std::string>;
 
 // The fake map module projects 10 pixels per degree, y downwards.
 class Circle : public KindFixture<CircleKind>
@@ -24,25 +21,33 @@ protected:
         object->SetRadiusPoint(CVector3D(3.0, 3.0, 0.0));
         log.Clear();
     }
-    QRectF ShapeRect() const { return object->GetQtItem()->shape().boundingRect(); }
-    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
-    CVector3D Rim() const { return Impl()->GetRimPoint(); }
+    static void Style(IZoCircleMapObject* c)
+    {
+        StyleLikeTheReferences(c, "Ring", QColor(250, 200, 40, 160));
+        c->SetLabelPosition(1);
+    }
 };
 
 TEST_F(Circle, TheRimStaysDueEastAndFollowsTheCentre)
 {
     object->SetRadiusPoint(CVector3D(2.0, 5.0, 9.0)); // north, 2 degrees away
-    EXPECT_EQ(Rim().x, 4.0);
-    EXPECT_EQ(Rim().y, 3.0);
-    EXPECT_EQ(Rim().z, 0.0);
+    EXPECT_EQ(Impl()->GetRimPoint(), CVector3D(4.0, 3.0, 0.0));
     EXPECT_DOUBLE_EQ(object->GetRadius(), 2.0);
-
     object->SetCenter(CVector3D(-1.0, 1.0, 0.0));
-    EXPECT_EQ(Rim().x, 1.0);
-    EXPECT_EQ(Rim().y, 1.0);
+    EXPECT_EQ(Impl()->GetRimPoint(), CVector3D(1.0, 1.0, 0.0));
     EXPECT_DOUBLE_EQ(object->GetRadius(), 2.0);
     EXPECT_EQ(object->GetQtItem()->pos(), QPointF(-10.0, -10.0));
     EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
+    // The centre and four rim handles.
+    std::vector<CVector3D> points(3);
+    Impl()->GetCharacteristicPoints(points);
+    ASSERT_EQ(points.size(), 5u);
+    EXPECT_EQ(points[0].z, -1.0);
+    EXPECT_EQ(points[1].x, 1.0);
+    EXPECT_EQ(points[2].x, -3.0);
+    EXPECT_EQ(points[3].y, 3.0);
+    EXPECT_EQ(points[4].y, -1.0);
+    EXPECT_EQ(points[4].z, 1.0);
 }
 
 TEST_F(Circle, ShapeIsTheWholePixelRadiusGrownByTheFullPenWidth)
@@ -77,29 +82,23 @@ TEST_F(Circle, LabelStandsOnTheMiddleOfEachSideWhateverTheAlignment)
     EXPECT_EQ(Label().clipRect, QRectF(-20, -20, 40, 40));
 }
 
+// Appended to what the list holds; counterclockwise in degrees, clockwise in
+// pixels (pixel y grows southwards).
 TEST_F(Circle, OutlinePointCountsFollowTheLevel)
 {
     const std::vector<std::pair<int, size_t>> counts = {{-3, 1}, {0, 1}, {1, 1}, {2, 4}, {3, 8}, {5, 32}, {64, 0}};
     for (const auto& [level, count] : counts)
     {
-        std::vector<CVector3D> points(1); // appended to, not replaced
+        std::vector<CVector3D> points(1);
         object->GetOutlinePoints(points, level);
         EXPECT_EQ(points.size(), count + 1) << level;
     }
-    std::vector<CVector3D> rim;
-    object->GetOutlinePoints(rim, 1);
-    EXPECT_EQ(rim.at(0).x, 3.0);
-}
-
-TEST_F(Circle, OutlineRunsCounterClockwiseInDegreesAndClockwiseInPixels)
-{
     std::vector<CVector3D> pixels;
     object->GetOutlinePoints(pixels, 2);
     ASSERT_EQ(pixels.size(), 4u);
     EXPECT_NEAR(pixels[0].x, 3.0, 1e-9);
     EXPECT_NEAR(pixels[1].x, 2.0, 1e-9);
-    EXPECT_NEAR(pixels[1].y, 2.0, 1e-9); // pixel y grows southwards
-
+    EXPECT_NEAR(pixels[1].y, 2.0, 1e-9);
     map.tileModelKind = 2;
     std::vector<CVector3D> degrees;
     object->GetOutlinePoints(degrees, 2);
@@ -112,70 +111,36 @@ TEST_F(Circle, OutlineRunsCounterClockwiseInDegreesAndClockwiseInPixels)
 TEST_F(Circle, NonFiniteCoordinatesDrawNothingUntilMadeValid)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double inf = std::numeric_limits<double>::infinity();
-    object->SetRadiusPoint(CVector3D(inf, 3.0, 0.0));
+    object->SetRadiusPoint(CVector3D(std::numeric_limits<double>::infinity(), 3.0, 0.0));
     EXPECT_TRUE(object->GetQtItem()->shape().isEmpty());
     EXPECT_TRUE(log.Messages().empty());
-
     object->SetCenter(CVector3D(nan, 3.0, 0.0));
     EXPECT_EQ(object->GetQtItem()->pos(), QPointF(0.0, 0.0));
-    EXPECT_EQ(log.Messages(), Messages{"[CZoCircleMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败"});
+    EXPECT_EQ(log.Messages(),
+              std::vector<std::string>{"[CZoCircleMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败"});
     std::vector<CVector3D> outline;
     object->GetOutlinePoints(outline, 3);
     EXPECT_TRUE(outline.empty());
     map.ChangeViewScale(3.0);
     const QRectF bounds = object->GetQtItem()->boundingRect();
     EXPECT_TRUE(std::isfinite(bounds.width()) && std::isfinite(bounds.x()));
-
     object->SetCenter(CVector3D(2.0, 3.0, 0.0));
     object->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
     EXPECT_EQ(ShapeRect(), QRectF(-21, -21, 42, 42));
 }
 
-// --- painting ------------------------------------------------------------------
-
-class CirclePaint : public Circle
+// The pen keeps its pixel width while the radius is scene pixels; painted on
+// a canvas, the radius is measured on the canvas and the picture is the same.
+TEST_F(Circle, PaintsTheSameOnTheSceneAndOnACanvas)
 {
-protected:
-    void SetUp() override
-    {
-        Circle::SetUp();
-        Style(object);
-    }
-    static void Style(IZoCircleMapObject* c)
-    {
-        c->SetName("Ring");
-        c->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-        c->SetNameVisible(true);
-        c->SetLabelPosition(1);
-        c->SetPenWidth(2.0f);
-        c->SetPenColor(QColor(20, 40, 160));
-        c->SetBrushColor(QColor(250, 200, 40, 160));
-    }
-    static QImage Render(QGraphicsItem* item)
-    {
-        QImage image = BlankCanvas(80, 80);
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.translate(40, 30);
-        item->paint(&painter, nullptr, nullptr);
-        painter.end();
-        return image;
-    }
-};
-
-TEST_F(CirclePaint, PenKeepsItsPixelWidthWhileTheRadiusIsScenePixels)
-{
+    Style(object);
     object->SetRadiusPoint(CVector3D(4.0, 3.0, 0.0));
-    EXPECT_EQ(CompareWithReference(Render(object->GetQtItem()), QStringLiteral("circle_label_bottom"), 16, 12),
+    EXPECT_EQ(CompareWithReference(RenderItemAt(object->GetQtItem(), 80, 80, QPointF(40, 30)),
+                                   QStringLiteral("circle_label_bottom"), 16, 12),
               QString());
-}
 
-TEST_F(CirclePaint, CanvasPaintingMeasuresTheRadiusOnTheCanvas)
-{
     layer->SetAutoAdd(false);
     IZoCircleMapObject* loose = module.CreateCircleMapObject("Ring", layer);
-    ASSERT_EQ(loose->GetQtItem(), nullptr);
     Style(loose);
     // Web Mercator level 2: 1024 world pixels, so 7.03125 degrees of
     // longitude are 20 pixels.
@@ -190,17 +155,4 @@ TEST_F(CirclePaint, CanvasPaintingMeasuresTheRadiusOnTheCanvas)
     EXPECT_EQ(loose->GetQtItem(), nullptr);
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 80, 80), QStringLiteral("circle_label_bottom"), 16, 12),
               QString());
-}
-
-TEST_F(Circle, CharacteristicPointsAreTheCentreAndFourRimHandles)
-{
-    std::vector<CVector3D> points(3);
-    static_cast<CZoCircleMapObject*>(object)->GetCharacteristicPoints(points);
-    ASSERT_EQ(points.size(), 5u);
-    EXPECT_EQ(points[0].z, -1.0);
-    EXPECT_EQ(points[1].x, 3.0);
-    EXPECT_EQ(points[2].x, 1.0);
-    EXPECT_EQ(points[3].y, 4.0);
-    EXPECT_EQ(points[4].y, 2.0);
-    EXPECT_EQ(points[4].z, 1.0);
 }

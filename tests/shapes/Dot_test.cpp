@@ -1,6 +1,6 @@
 #include "support/ImageCompare.h"
-#include "support/RenderItem.h"
 #include "support/KindFixture.h"
+#include "support/RenderItem.h"
 
 #include "object/IZoMapObjectInternal.h"
 #include "object/ZoLabelLook.h"
@@ -9,57 +9,52 @@
 #include <QGraphicsItem>
 #include <QPainter>
 
-using Messages = std::vector<std::string>;
-
 class Dot : public KindFixture<DotKind>
 {
 protected:
-    QPainterPath Shape() const { return object->GetQtItem()->shape(); }
-    const CZoNameLabel& Label() const { return Impl()->Core().Label(); }
+    static void Style(IZoDotMapObject* dot)
+    {
+        StyleLikeTheReferences(dot, "Dot", QColor(250, 200, 40));
+        dot->SetRadius(8.0);
+    }
+    QImage Render(int width = 120, int height = 60) const
+    {
+        return RenderItemCentred(object->GetQtItem(), width, height);
+    }
 };
 
+// A dot the host has not styled: a radius of six pixels and a one-pixel pen.
 TEST_F(Dot, ShapeRadiusIsRadiusPlusPenWidthTimesPixelScale)
 {
-    EXPECT_EQ(object->GetRadius(), 6.0);
-    EXPECT_EQ(object->GetPenWidth(), 1.0f);
-    EXPECT_EQ(Shape().boundingRect(), QRectF(-7, -7, 14, 14));
-
+    EXPECT_EQ(ShapeRect(), QRectF(-7, -7, 14, 14));
     map.ChangeViewScale(2.0);
-    EXPECT_EQ(Shape().boundingRect(), QRectF(-3.5, -3.5, 7, 7));
+    EXPECT_EQ(ShapeRect(), QRectF(-3.5, -3.5, 7, 7));
     object->SetPenWidth(3.0f); // the dot's outline grows its shape at once
-    EXPECT_EQ(Shape().boundingRect(), QRectF(-4.5, -4.5, 9, 9));
+    EXPECT_EQ(ShapeRect(), QRectF(-4.5, -4.5, 9, 9));
     object->SetRadius(1.0);
     EXPECT_EQ(object->GetQtItem()->boundingRect(), QRectF(-2, -2, 4, 4));
 }
 
-TEST_F(Dot, RadiusZeroLaysOutNothingNotEvenTheName)
+// Radius zero lays out nothing, not even the name; the label follows the
+// label position and ignores the alignment.
+TEST_F(Dot, LabelPlacementsFollowTheLabelPosition)
 {
     object->SetRadius(0.0);
     object->SetNameVisible(true);
     object->SetLabelPosition(3);
-    EXPECT_TRUE(Shape().isEmpty());
+    EXPECT_TRUE(object->GetQtItem()->shape().isEmpty());
     EXPECT_EQ(Label().originX, 0.0);
     EXPECT_EQ(Label().originY, 0.0);
-    object->SetRadius(5.0);
-    EXPECT_GT(Label().originX, 0.0);
-}
-
-TEST_F(Dot, LabelPlacementsFollowTheLabelPositionAndIgnoreAlignment)
-{
-    object->SetNameVisible(true);
-    object->SetLabelPosition(3);
-    const double rightX = Label().originX;
-    EXPECT_EQ(rightX, 6.0);
+    object->SetRadius(6.0);
+    EXPECT_EQ(Label().originX, 6.0);
     object->SetLabelPosition(2);
     EXPECT_LT(Label().originX, -6.0);
     object->SetLabelPosition(0);
     EXPECT_EQ(Label().originY, -6.0);
     object->SetLabelPosition(1);
     EXPECT_GT(Label().originY, 6.0);
-    // The alignment is stored but does not move the label.
     const double y = Label().originY;
     object->SetLabelAlignment(2);
-    EXPECT_EQ(object->GetLabelAlignment(), 2u);
     EXPECT_EQ(Label().originY, y);
 }
 
@@ -84,52 +79,22 @@ TEST_F(Dot, TheShapeCacheSkipsUnforcedRebuildsOnly)
     EXPECT_TRUE(object->GetQtItem()->boundingRect().isNull());
     object->SetRadius(10.0); // unforced: cached path kept
     object->SetRebuildThreshold(-1.0);
-    EXPECT_EQ(Shape().boundingRect(), QRectF(-7, -7, 14, 14));
+    EXPECT_EQ(ShapeRect(), QRectF(-7, -7, 14, 14));
     object->SetRebuildThreshold(11.9);
     object->SetAlwaysRebuild(true);
     object->SetRadius(10.0);
-    EXPECT_EQ(Shape().boundingRect(), QRectF(-11, -11, 22, 22));
+    EXPECT_EQ(ShapeRect(), QRectF(-11, -11, 22, 22));
 }
 
-// --- painting ------------------------------------------------------------------
-
-namespace
+TEST_F(Dot, LabelPlacementsAndARotatedTextureMatchTheirReferences)
 {
-// Renders a dot's item at the centre of a canvas at pixel scale 1.
-QImage RenderItem(QGraphicsItem* item, int width = 120, int height = 60)
-{
-    return RenderItemCentred(item, width, height);
-}
-} // namespace
-
-class DotPaint : public Dot
-{
-protected:
-    void SetUp() override
-    {
-        Dot::SetUp();
-        object->SetName("Dot");
-        object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-        object->SetNameVisible(true);
-        object->SetRadius(8.0);
-        object->SetPenWidth(2.0f);
-        object->SetPenColor(QColor(20, 40, 160));
-        object->SetBrushColor(QColor(250, 200, 40));
-    }
-};
-
-TEST_F(DotPaint, LabelPlacementsMatchTheirReferences)
-{
+    Style(object);
     for (unsigned int position = 0; position <= 4; ++position)
     {
         object->SetLabelPosition(position);
         const QString name = QStringLiteral("dot_label_%1").arg(position);
-        EXPECT_EQ(CompareWithReference(RenderItem(object->GetQtItem()), name, 16, 12), QString()) << position;
+        EXPECT_EQ(CompareWithReference(Render(), name, 16, 12), QString()) << position;
     }
-}
-
-TEST_F(DotPaint, RotatedTextureIsDrawnIntoTheShapeRectangle)
-{
     QImage texture(16, 16, QImage::Format_ARGB32);
     texture.fill(Qt::darkGreen);
     QPainter texturePainter(&texture);
@@ -138,25 +103,18 @@ TEST_F(DotPaint, RotatedTextureIsDrawnIntoTheShapeRectangle)
     object->SetBrushTexture(Qt::TexturePattern, QPixmap::fromImage(texture));
     object->SetNameVisible(false);
     object->SetRotation(45.0);
-    EXPECT_EQ(CompareWithReference(RenderItem(object->GetQtItem(), 60, 60), QStringLiteral("dot_texture_rotated"), 16, 6),
-              QString());
+    EXPECT_EQ(CompareWithReference(Render(60, 60), QStringLiteral("dot_texture_rotated"), 16, 6), QString());
 }
 
-TEST_F(DotPaint, CanvasPaintingUsesATemporaryItemAtScaleOne)
+TEST_F(Dot, CanvasPaintingUsesATemporaryItemAtScaleOne)
 {
     layer->SetAutoAdd(false);
     IZoDotMapObject* loose = module.CreateDotMapObject("Dot", layer);
     ASSERT_EQ(loose->GetQtItem(), nullptr);
-    loose->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    loose->SetNameVisible(true);
-    loose->SetRadius(8.0);
-    loose->SetPenWidth(2.0f);
-    loose->SetPenColor(QColor(20, 40, 160));
-    loose->SetBrushColor(QColor(250, 200, 40));
+    Style(loose);
     loose->SetLabelPosition(0);
     loose->SetPosition(CVector3D(0.0, 0.0, 0.0));
     map.ChangeViewScale(4.0); // the canvas ignores the view's scale
-
     // Web Mercator level 0: (0, 0) is pixel (128, 128).
     QImage canvas = BlankCanvas(256, 256);
     QPainter painter(&canvas);
@@ -170,20 +128,20 @@ TEST_F(DotPaint, CanvasPaintingUsesATemporaryItemAtScaleOne)
 
 // A label's finished look is held only while the label shows: hiding it, by
 // its switch or by a level outside its range, gives the look back.
-TEST_F(DotPaint, HiddenNamesGiveTheirLooksBack)
+TEST_F(Dot, HiddenNamesGiveTheirLooksBack)
 {
+    Style(object);
     ZoLabelLookCache::Clear();
     const CZoMapObjectCore* core = ZoObjectCore(object);
     ASSERT_NE(core, nullptr);
-    RenderItem(object->GetQtItem());
+    Render();
     EXPECT_TRUE(core->Label().HoldsLook());
     EXPECT_GT(ZoLabelLookCache::Bytes(), 0u);
     object->SetNameVisible(false);
     EXPECT_FALSE(core->Label().HoldsLook());
     EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
-
     object->SetNameVisible(true);
-    RenderItem(object->GetQtItem());
+    Render();
     EXPECT_TRUE(core->Label().HoldsLook());
     object->SetNameMaxLodLevel(map.lod - 1);
     map.ChangeLod(map.lod);

@@ -1,20 +1,15 @@
 #include "support/ImageCompare.h"
-#include "support/RenderItem.h"
 #include "support/ModuleFixture.h"
+#include "support/RenderItem.h"
 #include "support/SimplifyingLayer.h"
 
 #include "shapes/multidot/CZoMultiDotMapObject.h"
-#include "shapes/multiline/CZoMultiLineMapObject.h"
-#include "shapes/multipolygon/CZoMultiPolygonMapObject.h"
 #include "shapes/polygon/CZoPolygonMapObject.h"
 
 #include <QGraphicsItem>
 #include <QPainter>
 #include <QPicture>
-#include <functional>
 #include <cmath>
-
-using Messages = std::vector<std::string>;
 
 namespace
 {
@@ -23,16 +18,22 @@ std::vector<CVector3D> Star(double cx, double cy, double r)
 {
     std::vector<CVector3D> star;
     for (int k = 0; k < 5; ++k)
-    {
-        const double angle = M_PI / 2 + k * 4 * M_PI / 5;
-        star.emplace_back(cx + r * std::cos(angle), cy + r * std::sin(angle), 0.0);
-    }
+        star.emplace_back(cx + r * std::cos(M_PI / 2 + k * 4 * M_PI / 5), cy + r * std::sin(M_PI / 2 + k * 4 * M_PI / 5), 0.0);
     return star;
 }
 
 std::vector<CVector3D> Square(double x0, double y0, double side)
 {
     return {{x0, y0, 0}, {x0 + side, y0, 0}, {x0 + side, y0 + side, 0}, {x0, y0 + side, 0}};
+}
+
+// A circle of radius r degrees sampled far finer than a pixel.
+std::vector<CVector3D> FineCircle(double r, int count)
+{
+    std::vector<CVector3D> circle;
+    for (int k = 0; k < count; ++k)
+        circle.emplace_back(r * std::cos(2 * M_PI * k / count), r * std::sin(2 * M_PI * k / count), 0.0);
+    return circle;
 }
 } // namespace
 
@@ -43,40 +44,30 @@ protected:
     {
         ModuleFixture::SetUp();
         layer = module.CreateGraphicsLayer("shapes");
-        log.Clear();
     }
     IZoGraphicsMapLayer* layer = nullptr;
 };
-
-// --- polygon ----------------------------------------------------------------------
 
 TEST_F(PointListShapes, PolygonFillsUnderTheOddEvenRuleAndHitsItsWholeArea)
 {
     auto* polygon = module.CreatePolygonMapObject("star", layer);
     polygon->SetBrushColor(QColor(240, 180, 40));
     polygon->SetPenColor(QColor(120, 60, 0));
-    polygon->SetData(Star(0, 0, 4)); // 40 pixels around the first point's offset origin
+    polygon->SetData(Star(0, 0, 4));
     QGraphicsItem* item = polygon->GetQtItem();
-    // The item sits on the first point (the top of the star): its centre is
-    // 40 pixels below.
-    const QPointF centre(0, 40);
-    EXPECT_FALSE(item->contains(centre)); // the pentagon in the middle is covered twice
+    // The item sits on the first point, the top of the star: the pentagon in
+    // the middle, 40 pixels below, is covered twice.
+    EXPECT_FALSE(item->contains(QPointF(0, 40)));
     EXPECT_TRUE(item->contains(QPointF(0, 5)));
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(item, 100, 100, QPointF(50, 10)), "polygon_star_oddeven", 8, 20).isEmpty());
+    EXPECT_EQ(CompareWithReference(RenderItemAt(item, 100, 100, QPointF(50, 10)), "polygon_star_oddeven", 8, 20),
+              QString());
     EXPECT_EQ(item->boundingRect(), item->shape().boundingRect().adjusted(-100, -100, 100, 100));
-}
-
-TEST_F(PointListShapes, PolygonPopOnEmptyIsSilentAndTwoPointsDrawAnOutline)
-{
-    auto* polygon = module.CreatePolygonMapObject("ring", layer);
-    EXPECT_EQ(polygon->PopBack(), CVector3D());
-    EXPECT_TRUE(log.Messages().empty());
+    // One point draws nothing, two draw an outline.
     polygon->SetPenWidth(2.0f);
     polygon->SetData({{1, -1, 0}});
-    const QImage blank = BlankCanvas(60, 60);
-    EXPECT_EQ(RenderItemAt(polygon->GetQtItem(), 60, 60, QPointF(0, 0)), blank);
+    EXPECT_EQ(RenderItemAt(item, 60, 60, QPointF(0, 0)), BlankCanvas(60, 60));
     polygon->PushBack(CVector3D(4, -4, 0));
-    EXPECT_NE(RenderItemAt(polygon->GetQtItem(), 60, 60, QPointF(0, 0)), blank);
+    EXPECT_NE(RenderItemAt(item, 60, 60, QPointF(0, 0)), BlankCanvas(60, 60));
 }
 
 TEST_F(PointListShapes, PolygonNameShowsOnlyCentred)
@@ -91,13 +82,10 @@ TEST_F(PointListShapes, PolygonNameShowsOnlyCentred)
     polygon->SetLabelPosition(4);
     const QImage with = RenderItemAt(polygon->GetQtItem(), 80, 80, QPointF(10, 70));
     EXPECT_NE(with, without);
-    EXPECT_TRUE(CompareWithReference(with, "polygon_label_centre", 8, 40).isEmpty());
+    EXPECT_EQ(CompareWithReference(with, "polygon_label_centre", 8, 40), QString());
     // The name is centred on the ring's box, in pixels divided by the scale.
-    const CZoNameLabel& label = polygon->Core().Label();
-    EXPECT_TRUE(label.clipRect == QRectF(0, -60, 60, 60));
+    EXPECT_EQ(polygon->Core().Label().clipRect, QRectF(0, -60, 60, 60));
 }
-
-// --- multi-polygon ----------------------------------------------------------------
 
 TEST_F(PointListShapes, MultiPolygonRingInsideRingIsAHole)
 {
@@ -110,10 +98,9 @@ TEST_F(PointListShapes, MultiPolygonRingInsideRingIsAHole)
     EXPECT_TRUE(item->contains(QPointF(110, -10)));
     EXPECT_FALSE(item->contains(QPointF(90, -10))); // between the rings
     EXPECT_EQ(item->boundingRect(), QRectF(0, -80, 130, 80)); // no margin
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(item, 150, 100, QPointF(10, 90)), "multipolygon_hole", 8, 20).isEmpty());
+    EXPECT_EQ(CompareWithReference(RenderItemAt(item, 150, 100, QPointF(10, 90)), "multipolygon_hole", 8, 20),
+              QString());
 }
-
-// --- multi-line --------------------------------------------------------------------
 
 TEST_F(PointListShapes, MultiLineDrawsAnArrowOnEachLineAndHitsOnlyItsStrokes)
 {
@@ -129,14 +116,13 @@ TEST_F(PointListShapes, MultiLineDrawsAnArrowOnEachLineAndHitsOnlyItsStrokes)
     lines->SetClosed(true);
     EXPECT_TRUE(item->contains(QPointF(60, 40)));
     lines->SetClosed(false);
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(item, 140, 80, QPointF(10, 10)), "multiline_arrows", 8, 20).isEmpty());
+    EXPECT_EQ(CompareWithReference(RenderItemAt(item, 140, 80, QPointF(10, 10)), "multiline_arrows", 8, 20),
+              QString());
 }
-
-// --- multi-dot ---------------------------------------------------------------------
 
 TEST_F(PointListShapes, MultiDotLaysOutItsDotsOnTheNextRebuild)
 {
-    auto* dots = static_cast<CZoMultiDotMapObject*>(module.CreateMultiDotMapObject("dots", layer));
+    auto* dots = static_cast<CZoMultiDotMapObject*>(module.CreateMultiDotMapObject("Capitals", layer));
     QGraphicsItem* item = dots->GetQtItem();
     dots->SetData({{0, 0, 0}, {5, 0, 0}, {0, 0, 0}});
     EXPECT_TRUE(item->shape().isEmpty()); // edits alone hand the offsets over
@@ -146,6 +132,12 @@ TEST_F(PointListShapes, MultiDotLaysOutItsDotsOnTheNextRebuild)
     EXPECT_EQ(item->shape().elementCount(), 2 * 13);
     dots->SetDotSize(0.0);
     EXPECT_TRUE(item->shape().isEmpty());
+    dots->SetBrushColor(QColor(220, 40, 40));
+    dots->SetPenColor(Qt::white);
+    dots->SetPenWidth(1.5f);
+    dots->SetData({{0, 0, 0}, {4, -2, 0}, {9, 1, 0}});
+    dots->SetDotSize(4.0);
+    EXPECT_EQ(CompareWithReference(RenderItemAt(item, 120, 50, QPointF(10, 20)), "multidot_dots", 8, 20), QString());
 }
 
 TEST_F(PointListShapes, MultiDotMovesItsFirstDotOntoThePointOnlyWithAnItem)
@@ -155,7 +147,6 @@ TEST_F(PointListShapes, MultiDotMovesItsFirstDotOntoThePointOnlyWithAnItem)
     bare->SetData({{1, 1, 0}, {2, 2, 0}});
     bare->SetPosition(CVector3D(5, 5, 0));
     EXPECT_EQ(bare->At(0), CVector3D(1, 1, 0));
-
     layer->SetAutoAdd(true);
     auto* dots = module.CreateMultiDotMapObject("dots", layer);
     dots->SetData({{1, 1, 0}, {2, 2, 0}});
@@ -165,61 +156,22 @@ TEST_F(PointListShapes, MultiDotMovesItsFirstDotOntoThePointOnlyWithAnItem)
     EXPECT_EQ(dots->GetBoundingBox().max, CVector3D(6, 6, 1));
 }
 
-TEST_F(PointListShapes, MultiDotPaint)
-{
-    auto* dots = module.CreateMultiDotMapObject("Capitals", layer);
-    dots->SetBrushColor(QColor(220, 40, 40));
-    dots->SetPenColor(Qt::white);
-    dots->SetPenWidth(1.5f);
-    dots->SetData({{0, 0, 0}, {4, -2, 0}, {9, 1, 0}});
-    dots->SetDotSize(4.0);
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(dots->GetQtItem(), 120, 50, QPointF(10, 20)), "multidot_dots", 8, 20).isEmpty());
-}
-
-// --- canvas ------------------------------------------------------------------------
-
 TEST_F(PointListShapes, CanvasPaintingProjectsEveryPointThroughTheCanvas)
 {
     auto* rings = module.CreateMultiPolygonMapObject("rings", layer);
     rings->SetBrushColor(QColor(60, 160, 90));
     rings->SetData({Square(0, 0, 40)});
-    CTileModel* model = ITileModel::GetTileModel(E_TILE_MODEL_WEB_MERCATOR, true);
     // Level 2: 1024 pixels around the world; the square covers 40 degrees,
     // about 114 pixels, whatever the map module's own scale.
     QImage image = BlankCanvas(1024, 1024);
-    {
-        QPainter painter(&image);
-        rings->PaintOnCanvas(&painter, model, 2, nullptr);
-    }
+    QPainter painter(&image);
+    rings->PaintOnCanvas(&painter, ITileModel::GetTileModel(E_TILE_MODEL_WEB_MERCATOR, true), 2, nullptr);
+    painter.end();
     const QColor fill(60, 160, 90);
     EXPECT_EQ(image.pixelColor(512 + 100, 512 - 50), fill);
     EXPECT_NE(image.pixelColor(512 + 130, 512 - 50), fill);
     EXPECT_NE(image.pixelColor(512 - 10, 512 + 10), fill);
 }
-
-// --- screen-space thinning --------------------------------------------------------
-
-namespace
-{
-// A circle of radius r degrees sampled far finer than a pixel.
-std::vector<CVector3D> FineCircle(double r, int count)
-{
-    std::vector<CVector3D> circle;
-    for (int k = 0; k < count; ++k)
-        circle.emplace_back(r * std::cos(2 * M_PI * k / count), r * std::sin(2 * M_PI * k / count), 0.0);
-    return circle;
-}
-
-// What painting the item records, and what it looks like.
-std::pair<int, QImage> Painted(QGraphicsItem* item)
-{
-    QPicture picture;
-    QPainter recorder(&picture);
-    item->paint(&recorder, nullptr, nullptr);
-    recorder.end();
-    return {static_cast<int>(picture.size()), RenderItemCentred(item, 120, 120)};
-}
-} // namespace
 
 // A layer that asks for it gets every outline kind drawn from fewer points,
 // looking the same.
@@ -227,42 +179,32 @@ TEST_F(PointListShapes, OutlinesAreThinnedOnlyWhenTheLayerAsksAndLookTheSame)
 {
     CSimplifyingLayer simplifying(module.CreateGraphicsLayer("simplifying"));
     const std::vector<CVector3D> circle = FineCircle(3.0, 6000);
-    using Make = std::function<IZoGraphicsMapObject*(IZoGraphicsMapLayer*, const std::string&)>;
-    const std::vector<std::pair<const char*, Make>> kinds = {
-        {"polyline",
-         [&](IZoGraphicsMapLayer* l, const std::string& n) {
-             auto* o = module.CreatePolylineMapObject(n, l);
-             o->SetData(circle);
-             return o;
-         }},
-        {"polygon",
-         [&](IZoGraphicsMapLayer* l, const std::string& n) {
-             auto* o = module.CreatePolygonMapObject(n, l);
-             o->SetData(circle);
-             return o;
-         }},
-        {"multi-line",
-         [&](IZoGraphicsMapLayer* l, const std::string& n) {
-             auto* o = module.CreateMultiLineMapObject(n, l);
-             o->SetData({circle, FineCircle(1.5, 3000)});
-             return o;
-         }},
-        {"multi-polygon",
-         [&](IZoGraphicsMapLayer* l, const std::string& n) {
-             auto* o = module.CreateMultiPolygonMapObject(n, l);
-             o->SetData({circle, FineCircle(1.5, 3000)});
-             return o;
-         }},
+    const std::vector<std::vector<CVector3D>> circles{circle, FineCircle(1.5, 3000)};
+    auto with = [](auto* object, const auto& data) -> IZoGraphicsMapObject* {
+        object->SetData(data);
+        return object;
     };
-    for (const auto& [what, make] : kinds)
+    const std::function<IZoGraphicsMapObject*(IZoGraphicsMapLayer*)> kinds[] = {
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreatePolylineMapObject("polyline", l), circle); },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreatePolygonMapObject("polygon", l), circle); },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreateMultiLineMapObject("multi-line", l), circles); },
+        [&](IZoGraphicsMapLayer* l) { return with(module.CreateMultiPolygonMapObject("multi-polygon", l), circles); },
+    };
+    // What painting the item records, and what it looks like.
+    auto painted = [](QGraphicsItem* item) {
+        QPicture picture;
+        QPainter recorder(&picture);
+        item->paint(&recorder, nullptr, nullptr);
+        recorder.end();
+        return std::make_pair(static_cast<int>(picture.size()), RenderItemCentred(item, 120, 120));
+    };
+    for (const auto& make : kinds)
     {
-        SCOPED_TRACE(what);
-        IZoGraphicsMapObject* plain = make(layer, std::string("plain ") + what);
-        IZoGraphicsMapObject* thinned = make(&simplifying, std::string("thinned ") + what);
-        ASSERT_NE(plain, nullptr);
-        ASSERT_NE(thinned, nullptr);
-        const auto [plainBytes, plainLook] = Painted(plain->GetQtItem());
-        const auto [thinBytes, thinLook] = Painted(thinned->GetQtItem());
+        IZoGraphicsMapObject* plain = make(layer);
+        IZoGraphicsMapObject* thinned = make(&simplifying);
+        SCOPED_TRACE(plain->GetName());
+        const auto [plainBytes, plainLook] = painted(plain->GetQtItem());
+        const auto [thinBytes, thinLook] = painted(thinned->GetQtItem());
         // Lines drop sub-pixel steps while drawing anyway; the layer's
         // thinning goes further.
         EXPECT_LT(thinBytes, plainBytes);

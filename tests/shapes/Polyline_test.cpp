@@ -1,12 +1,13 @@
 #include "support/ImageCompare.h"
-#include "support/RenderItem.h"
 #include "support/KindFixture.h"
+#include "support/RenderItem.h"
 
+#include "shapes/pointlist/ZoLineGeometry.h"
+#include "shapes/pointlist/ZoPointListRules.h"
 #include "shapes/polyline/CZoPolylineMapObject.h"
 
 #include <QGraphicsItem>
 #include <QPainter>
-#include <QPicture>
 #include <cmath>
 
 using Messages = std::vector<std::string>;
@@ -14,57 +15,48 @@ using Messages = std::vector<std::string>;
 class Polyline : public KindFixture<PolylineKind>
 {
 protected:
-    void SetUp() override
-    {
-        KindFixture::SetUp();
-        line = Impl();
-    }
-    QGraphicsItem* Item() const { return line->GetQtItem(); }
-
-    CZoPolylineMapObject* line = nullptr;
+    QGraphicsItem* Item() const { return object->GetQtItem(); }
 };
 
 TEST_F(Polyline, SetPositionMovesRigidlyWithoutRecomputingOffsets)
 {
-    line->SetData({{1, 1, 0}, {2, 3, 0}, {4, 1, 0}});
-    const QPolygonF before = line->GetItem()->Offsets().lines.front();
-    line->SetPosition(CVector3D(11, 21, 0));
-    EXPECT_EQ(line->GetPosition(), CVector3D(11, 21, 0));
-    EXPECT_EQ(line->GetData(), (std::vector<CVector3D>{{11, 21, 0}, {12, 23, 0}, {14, 21, 0}}));
+    object->SetData({{1, 1, 0}, {2, 3, 0}, {4, 1, 0}});
+    const QPolygonF before = Impl()->GetItem()->Offsets().lines.front();
+    object->SetPosition(CVector3D(11, 21, 0));
+    EXPECT_EQ(Impl()->GetPosition(), CVector3D(11, 21, 0));
+    EXPECT_EQ(object->GetData(), (std::vector<CVector3D>{{11, 21, 0}, {12, 23, 0}, {14, 21, 0}}));
     EXPECT_EQ(Item()->pos(), QPointF(110, -210));
-    EXPECT_EQ(line->GetItem()->Offsets().lines.front(), before);
-    EXPECT_EQ(line->GetBoundingBox().max, CVector3D(14, 23, 1));
+    EXPECT_EQ(Impl()->GetItem()->Offsets().lines.front(), before);
+    EXPECT_EQ(object->GetBoundingBox().max, CVector3D(14, 23, 1));
 }
 
 TEST_F(Polyline, ControlPointsAreTheDrawnPixelsBackInDegreesWithZeroZ)
 {
     std::vector<CVector3D> out{{9, 9, 9}};
-    line->SetData({{1.04, 2, 5}, {3, -4, 6}});
-    line->GetAllControlPoint(out);
+    object->SetData({{1.04, 2, 5}, {3, -4, 6}});
+    object->GetAllControlPoint(out);
     // 1.04 degrees lands on pixel 10, which is 1.0 degree again.
     EXPECT_EQ(out, (std::vector<CVector3D>{{9, 9, 9}, {1.0, 2, 0}, {3, -4, 0}}));
-
     layer->SetAutoAdd(false);
     auto* bare = module.CreatePolylineMapObject("bare", layer);
-    log.Clear();
-    bare->GetAllControlPoint(out);
-    EXPECT_EQ(log.Messages(), Messages{"[CZoPolylineMapObject::GetAllControlPoint] Qt-Item为空"});
     CZoPolylineMapObject unattached;
     log.Clear();
+    bare->GetAllControlPoint(out);
     unattached.GetAllControlPoint(out);
-    EXPECT_EQ(log.Messages(), Messages{"[CZoPolylineMapObject::GetAllControlPoint] MapModule传入为空"});
+    EXPECT_EQ(log.Messages(), (Messages{"[CZoPolylineMapObject::GetAllControlPoint] Qt-Item为空",
+                                        "[CZoPolylineMapObject::GetAllControlPoint] MapModule传入为空"}));
     EXPECT_EQ(out.size(), 3u);
 }
 
 TEST_F(Polyline, HitAreaIsTheStrokeOfTheLineAndTheClosingEdgeOnlyWhenClosed)
 {
-    line->SetData({{0, 0, 0}, {10, 0, 0}, {10, -10, 0}}); // pixels (0,0) (100,0) (100,100)
-    line->SetPenWidth(4.0f); // hit half width 3 pixels
+    object->SetData({{0, 0, 0}, {10, 0, 0}, {10, -10, 0}}); // pixels (0,0) (100,0) (100,100)
+    object->SetPenWidth(4.0f); // hit half width 3 pixels
     EXPECT_TRUE(Item()->contains(QPointF(50, 2.5)));
     EXPECT_FALSE(Item()->contains(QPointF(50, 3.5)));
     EXPECT_TRUE(Item()->contains(QPointF(101, 60)));
     EXPECT_FALSE(Item()->contains(QPointF(50, 50))); // on the closing edge
-    line->SetClosed(true);
+    object->SetClosed(true);
     EXPECT_TRUE(Item()->contains(QPointF(50, 50)));
     EXPECT_TRUE(Item()->shape().contains(QPointF(50, 51)));
     // The scene finds the line under the pointer through the same test.
@@ -72,45 +64,72 @@ TEST_F(Polyline, HitAreaIsTheStrokeOfTheLineAndTheClosingEdgeOnlyWhenClosed)
     EXPECT_TRUE(map.Scene()->items(QPointF(30, 60)).isEmpty());
 }
 
-TEST_F(Polyline, BoundsComeFromThePointsWithAMarginForArrowsAndNames)
+// At a pixel scale of 1/2 the rectangle is the stroke (1.5 pen widths at that
+// scale) of the points divided by the scale, grown by 200 pixels times the
+// scale for arrows and names. Removing every point keeps the last rectangle.
+TEST_F(Polyline, RectangleCoversThePointsDividedByTheScaleWithAMargin)
 {
-    line->SetData({{0, 0, 0}, {10, -5, 0}});
-    // The stroke's own half width (0.75 pixels) and caps come on top.
-    EXPECT_TRUE(Item()->boundingRect().contains(QRectF(-200, -200, 500, 450)));
-    EXPECT_TRUE(QRectF(-202, -202, 504, 454).contains(Item()->boundingRect()));
-    // Removing every point keeps the last rectangle: nothing is drawn in it.
-    line->Clear();
-    EXPECT_FALSE(Item()->boundingRect().isEmpty());
+    map.ChangeViewScale(2.0);
+    object->SetData({{0, 0, 0}, {10, 0, 0}}); // pixels 0 and 100
+    const QRectF bounds = Item()->boundingRect();
+    EXPECT_NEAR(bounds.left(), -100.0, 0.5);
+    EXPECT_NEAR(bounds.right(), 300.0, 0.5);
+    EXPECT_NEAR(bounds.top(), -100.375, 0.01);
+    EXPECT_NEAR(bounds.bottom(), 100.375, 0.01);
+    object->Clear();
+    EXPECT_EQ(Item()->boundingRect(), bounds);
+}
+
+// Qt asks that the hit shape stay within the bounding rectangle, for both
+// line kinds, open or closed, at every scale.
+TEST_F(Polyline, HitShapeStaysWithinTheRectangle)
+{
+    const std::vector<CVector3D> zigzag{{0, 0, 0}, {100, -30, 0}, {3, -70, 0}};
+    auto* lines = module.CreateMultiLineMapObject("lines", layer);
+    object->SetData(zigzag);
+    lines->SetData({zigzag, {{20, 0, 0}, {25, -5, 0}}});
+    object->SetPenWidth(6.0f);
+    lines->SetPenWidth(6.0f);
+    for (const bool closed : {false, true})
+    {
+        object->SetClosed(closed);
+        lines->SetClosed(closed);
+        for (const double viewScale : {0.5, 1.0, 2.0})
+        {
+            map.ChangeViewScale(viewScale);
+            for (QGraphicsItem* item : {Item(), lines->GetQtItem()})
+                EXPECT_TRUE(item->boundingRect().contains(item->shape().boundingRect()))
+                    << "closed " << closed << " view scale " << viewScale << " item type " << item->type();
+        }
+    }
 }
 
 TEST_F(Polyline, TheShapeCacheSuppressesGeometryAndPainting)
 {
-    line->SetData({{0, 0, 0}, {10, 0, 0}});
+    object->SetData({{0, 0, 0}, {10, 0, 0}});
     layer->EnableShapeCache();
-    line->SetRebuildThreshold(5.0);
+    object->SetRebuildThreshold(5.0);
     EXPECT_TRUE(Item()->boundingRect().isNull());
     EXPECT_TRUE(Item()->shape().isEmpty());
     EXPECT_FALSE(Item()->contains(QPointF(50, 0)));
-    line->SetAlwaysRebuild(true);
+    object->SetAlwaysRebuild(true);
     EXPECT_TRUE(Item()->contains(QPointF(50, 0)));
 }
 
 TEST_F(Polyline, NameSitsAboveTheMiddleOfItsSegmentRaisedByThePenStyle)
 {
-    line->SetName("Route");
-    line->SetNameVisible(true);
-    line->SetData({{0, 0, 0}, {10, 0, 0}, {20, 0, 0}, {30, 0, 0}});
-    const CZoNameLabel& label = line->Core().Label();
+    object->SetName("Route");
+    object->SetNameVisible(true);
+    object->SetData({{0, 0, 0}, {10, 0, 0}, {20, 0, 0}, {30, 0, 0}});
+    const CZoNameLabel& label = Impl()->Core().Label();
     const double width = QFontMetricsF(label.font).horizontalAdvance(label.text);
-    const auto originX = [&](unsigned int position) {
-        line->SetLabelPosition(position);
-        return label.originX;
-    };
-    EXPECT_NEAR(originX(0), 50 - width / 2, 1.0);
-    EXPECT_NEAR(originX(1), 150 - width / 2, 1.0);
-    EXPECT_NEAR(originX(2), 250 - width / 2, 1.0);
-    line->SetPenStyle(3);
-    line->SetLabelPosition(0);
+    for (unsigned int position : {0u, 1u, 2u})
+    {
+        object->SetLabelPosition(position);
+        EXPECT_NEAR(label.originX, 50 + 100 * position - width / 2, 1.0) << position;
+    }
+    object->SetPenStyle(3);
+    object->SetLabelPosition(0);
     EXPECT_FLOAT_EQ(label.originY, -3.0f);
 }
 
@@ -122,47 +141,58 @@ protected:
     void SetUp() override
     {
         Polyline::SetUp();
-        line->SetPenColor(QColor(20, 60, 200));
-        line->SetPenWidth(2.0f);
+        object->SetPenColor(QColor(20, 60, 200));
+        object->SetPenWidth(2.0f);
     }
+    QImage Render(int w = 60, int h = 60, QPointF at = QPointF()) const { return RenderItemAt(Item(), w, h, at); }
 };
 
-TEST_F(PolylinePaint, ArrowsAtEitherEnd)
+TEST_F(PolylinePaint, ArrowsAtEitherEndButNotOnCoincidentEnds)
 {
-    line->SetData({{0, 0, 0}, {8, -3, 0}, {16, 0, 0}}); // (0,0) (80,30) (160,0)
-    line->SetArrowVisible(true);
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(Item(), 180, 60, QPointF(10, 10)), "polyline_arrow_end", 8, 12).isEmpty());
-    line->SetArrowAtEnd(false);
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(Item(), 180, 60, QPointF(10, 10)), "polyline_arrow_start", 8, 12).isEmpty());
+    object->SetData({{0, 0, 0}, {8, -3, 0}, {16, 0, 0}}); // (0,0) (80,30) (160,0)
+    object->SetArrowVisible(true);
+    EXPECT_EQ(CompareWithReference(Render(180, 60, QPointF(10, 10)), "polyline_arrow_end", 8, 12), QString());
+    object->SetArrowAtEnd(false);
+    EXPECT_EQ(CompareWithReference(Render(180, 60, QPointF(10, 10)), "polyline_arrow_start", 8, 12), QString());
+    object->SetArrowAtEnd(true);
+    object->SetPenWidth(1.0f);
+    object->SetData({{1, -1, 0}, {4, -4, 0}, {4, -4, 0}});
+    const QImage with = Render();
+    object->SetArrowVisible(false);
+    EXPECT_EQ(Render(), with);
 }
 
 TEST_F(PolylinePaint, NameAlongARisingSegmentReadsLeftToRight)
 {
-    line->SetName("Beijing");
-    line->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    line->SetNameVisible(true);
-    line->SetData({{16, 0, 0}, {0, 6, 0}}); // right to left, rising
-    EXPECT_TRUE(CompareWithReference(RenderItemAt(Item(), 180, 80, QPointF(170, 70)), "polyline_label", 8, 40).isEmpty());
+    object->SetName("Beijing");
+    object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    object->SetNameVisible(true);
+    object->SetData({{16, 0, 0}, {0, 6, 0}}); // right to left, rising
+    EXPECT_EQ(CompareWithReference(Render(180, 80, QPointF(170, 70)), "polyline_label", 8, 40), QString());
 }
 
 TEST_F(PolylinePaint, NothingWithoutASegmentOrWithoutAPen)
 {
     const QImage blank = BlankCanvas(60, 60);
-    line->SetArrowVisible(true);
-    line->SetData({{1, -1, 0}});
-    EXPECT_EQ(RenderItemAt(Item(), 60, 60, QPointF(0, 0)), blank);
-    line->SetData({{1, -1, 0}, {4, -4, 0}});
-    line->SetPenWidth(0.0f);
-    EXPECT_EQ(RenderItemAt(Item(), 60, 60, QPointF(0, 0)), blank);
+    object->SetArrowVisible(true);
+    object->SetData({{1, -1, 0}});
+    EXPECT_EQ(Render(), blank);
+    object->SetData({{1, -1, 0}, {4, -4, 0}});
+    object->SetPenWidth(0.0f);
+    EXPECT_EQ(Render(), blank);
 }
 
-TEST_F(PolylinePaint, CoincidentEndPointsDrawNoArrow)
+// A closed multi-line draws its closing edge, as it hits it.
+TEST_F(PolylinePaint, ClosedMultiLineDrawsItsClosingEdge)
 {
-    line->SetPenWidth(1.0f);
-    line->SetData({{1, -1, 0}, {4, -4, 0}, {4, -4, 0}});
-    const QImage without = RenderItemAt(Item(), 60, 60, QPointF(0, 0));
-    line->SetArrowVisible(true);
-    EXPECT_EQ(RenderItemAt(Item(), 60, 60, QPointF(0, 0)), without);
+    auto* lines = module.CreateMultiLineMapObject("lines", layer);
+    lines->SetPenColor(Qt::black);
+    lines->SetPenWidth(3.0f);
+    lines->SetData({{{0, 0, 0}, {6, 0, 0}, {6, -6, 0}}}); // pixels (0,0) (60,0) (60,60)
+    QGraphicsItem* item = lines->GetQtItem();
+    EXPECT_EQ(RenderItemAt(item, 80, 80, QPointF(10, 10)).pixelColor(40, 40), QColor(Qt::white));
+    lines->SetClosed(true);
+    EXPECT_LT(RenderItemAt(item, 80, 80, QPointF(10, 10)).pixelColor(40, 40).lightness(), 128);
 }
 
 // Each of the ways a wide pen is drawn (a widened hairline mask for dense
@@ -235,16 +265,50 @@ TEST_F(PolylinePaint, AWidePenLooksLikeQtsOwnStrokeWhicheverWayItIsDrawn)
     }
 }
 
+// A wide line is drawn through a widened coverage mask while its box holds
+// at most 40 pixels a segment (where the mask is the cheaper), by two shifted
+// hairlines beyond. The mask's core takes the pen's exact colour; the two
+// hairlines blend theirs.
+TEST_F(PolylinePaint, TheMaskServesLinesUpTo40PixelsASegmentInThePensExactColour)
+{
+    auto exactPixels = [](double length) {
+        QPolygonF line;
+        for (int i = 0; i < 60; ++i)
+            line << QPointF(10 + length * i / 59, 10.5);
+        QImage image = BlankCanvas(500, 20);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        ZoPointList::DrawPolyline(&painter, line, QPen(QColor(200, 30, 30), 2.0));
+        painter.end();
+        int exact = 0;
+        for (int x = 0; x < image.width(); ++x)
+            exact += image.pixel(x, 10) == qRgb(200, 30, 30);
+        return exact;
+    };
+    EXPECT_GT(exactPixels(468), 400); // 472 by 5 pixels over 59 segments
+    EXPECT_EQ(exactPixels(469), 0);
+}
+
 TEST_F(PolylinePaint, TheLayersFitCheckLeavesOutNamesLongerThanTheirSegment)
 {
-    line->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    line->SetName("a name far longer than the segment");
-    line->SetData({{0, 0, 0}, {3, 0, 0}});
+    object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    object->SetName("a name far longer than the segment");
+    object->SetData({{0, 0, 0}, {3, 0, 0}});
     const QImage bare = RenderItemAt(Item(), 200, 60, QPointF(80, 30));
-    line->SetNameVisible(true);
+    object->SetNameVisible(true);
     EXPECT_NE(RenderItemAt(Item(), 200, 60, QPointF(80, 30)), bare);
     layer->SetSecondShapeCache(true);
     EXPECT_EQ(RenderItemAt(Item(), 200, 60, QPointF(80, 30)), bare);
-    line->SetName("ok");
+    object->SetName("ok");
     EXPECT_NE(RenderItemAt(Item(), 200, 60, QPointF(80, 30)), bare);
+}
+
+TEST(PointListRules, CoordinatesAreTheSameWithinATrillionth)
+{
+    using ZoPointList::SameCoordinate;
+    EXPECT_TRUE(SameCoordinate(0.0, 1e-12));
+    EXPECT_FALSE(SameCoordinate(0.0, 1.5e-12));
+    EXPECT_TRUE(SameCoordinate(1e12, 1e12 + 1.0));
+    EXPECT_FALSE(SameCoordinate(1e12, 1e12 + 2.0));
+    EXPECT_TRUE(ZoPointList::SamePoint(QPointF(1.0, 0.0), QPointF(1.0 + 1e-13, -1e-13)));
 }

@@ -30,92 +30,68 @@ CVector3D Rounded(const CVector3D& p)
 }
 
 // The reduction written the plain way: recursion, an ordered index set, and
-// the point-to-line distance evaluated point by point.
-class ReferenceDP
+// the point-to-line distance evaluated point by point in single precision.
+double Distance(const CVector3D& P, const CVector3D& A, const CVector3D& B)
 {
-public:
-    ReferenceDP(const Path& in, double tolerance) : m_tolerance(tolerance)
-    {
-        for (const CVector3D& p : in)
-            m_points.push_back(Rounded(p));
-    }
+    const float ux = float(B.x) - float(A.x), uy = float(B.y) - float(A.y), uz = float(B.z) - float(A.z);
+    const float vx = float(P.x) - float(A.x), vy = float(P.y) - float(A.y), vz = float(P.z) - float(A.z);
+    const float lu = std::sqrt(ux * ux + uy * uy + uz * uz);
+    const float lv = std::sqrt(vx * vx + vy * vy + vz * vz);
+    if (lu <= 0.0f)
+        return lv;
+    if (!(lv > 0.0f))
+        return 0.0;
+    const float dot = ux * vx + uy * vy + uz * vz;
+    const double k = static_cast<double>(dot) / (static_cast<double>(lu) * static_cast<double>(lv));
+    return static_cast<double>(lv) * std::sqrt(1.0 - k * k);
+}
 
-    Path Run()
+// The first point farthest from the span's line, or -1 when none lies at
+// the tolerance or beyond.
+long Farthest(const Path& p, std::size_t a, std::size_t b, double tolerance)
+{
+    if (p.size() < 3 || b - a < 2)
+        return -1;
+    long best = -1;
+    double largest = 0.0;
+    for (std::size_t i = a + 1; i < b; ++i)
     {
-        const std::size_t n = m_points.size();
-        if (n == 0)
-            return {};
-        const long k = Farthest(0, n - 1);
-        if (k < 0)
-            return n > 2 ? Path{m_points.front(), m_points.back()} : m_points;
-        Split(0, k);
-        Split(k, n - 1);
-        Path out;
-        for (const std::size_t i : m_kept)
-            out.push_back(m_points[i]);
-        return out;
-    }
-
-private:
-    void Split(std::size_t first, std::size_t last)
-    {
-        const long k = Farthest(first, last);
-        if (k < 0)
+        const double d = Distance(p[i], p[a], p[b]);
+        if (!std::isnan(d) && (best < 0 || d > largest))
         {
-            m_kept.insert(first);
-            m_kept.insert(last);
-            return;
+            best = static_cast<long>(i);
+            largest = d;
         }
-        Split(first, k);
-        Split(k, last);
     }
+    return best < 0 || tolerance > largest ? -1 : best;
+}
 
-    double Distance(std::size_t p, std::size_t a, std::size_t b) const
+void Split(const Path& p, std::size_t a, std::size_t b, double tolerance, std::set<std::size_t>& kept)
+{
+    const long k = Farthest(p, a, b, tolerance);
+    if (k < 0)
     {
-        const CVector3D& A = m_points[a];
-        const CVector3D& B = m_points[b];
-        const CVector3D& P = m_points[p];
-        const float ux = float(B.x) - float(A.x), uy = float(B.y) - float(A.y), uz = float(B.z) - float(A.z);
-        const float vx = float(P.x) - float(A.x), vy = float(P.y) - float(A.y), vz = float(P.z) - float(A.z);
-        const float lu = std::sqrt(ux * ux + uy * uy + uz * uz);
-        const float lv = std::sqrt(vx * vx + vy * vy + vz * vz);
-        if (lu <= 0.0f)
-            return lv;
-        if (!(lv > 0.0f))
-            return 0.0;
-        const float dot = ux * vx + uy * vy + uz * vz;
-        const double k = static_cast<double>(dot) / (static_cast<double>(lu) * static_cast<double>(lv));
-        return static_cast<double>(lv) * std::sqrt(1.0 - k * k);
+        kept.insert({a, b});
+        return;
     }
+    Split(p, a, k, tolerance, kept);
+    Split(p, k, b, tolerance, kept);
+}
 
-    long Farthest(std::size_t a, std::size_t b) const
-    {
-        if (m_points.size() < 3 || b - a < 2)
-            return -1;
-        long best = -1;
-        double largest = 0.0;
-        for (std::size_t i = a + 1; i < b; ++i)
-        {
-            const double d = Distance(i, a, b);
-            if (std::isnan(d))
-                continue;
-            if (best < 0 || d > largest)
-            {
-                best = static_cast<long>(i);
-                largest = d;
-            }
-        }
-        if (best < 0 || m_tolerance > largest)
-            return -1;
-        return best;
-    }
-
-    Path m_points;
-    double m_tolerance;
-    std::set<std::size_t> m_kept;
-};
-
-Path Reference(const Path& in, double tolerance) { return ReferenceDP(in, tolerance).Run(); }
+Path Reference(const Path& in, double tolerance)
+{
+    Path p;
+    for (const CVector3D& point : in)
+        p.push_back(Rounded(point));
+    if (p.empty() || Farthest(p, 0, p.size() - 1, tolerance) < 0)
+        return p.size() > 2 ? Path{p.front(), p.back()} : p;
+    std::set<std::size_t> kept;
+    Split(p, 0, p.size() - 1, tolerance, kept);
+    Path out;
+    for (const std::size_t i : kept)
+        out.push_back(p[i]);
+    return out;
+}
 
 Path Smoothed(const Path& in, int level = 0)
 {
@@ -167,7 +143,9 @@ Path SpikeAtOrigin(float z)
 }
 } // namespace
 
-TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactly)
+// Up to 400 points, or from level 18 on, the points are copied exactly;
+// longer lists below level 18 (negative levels too) are reduced.
+TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactlyLongOnesReduced)
 {
     std::mt19937 rng(7);
     const Path four00 = RandomWalk(rng, 400, 0.1);
@@ -177,12 +155,6 @@ TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactly)
     EXPECT_EQ(Smoothed(four01, 18), four01);
     EXPECT_EQ(Smoothed(four01, 25), four01);
     EXPECT_EQ(Smoothed(Path{}, 0), Path{});
-}
-
-TEST(DPSmoothThresholds, LongListsBelowLevel18AreReduced)
-{
-    std::mt19937 rng(8);
-    const Path four01 = RandomWalk(rng, 401, 0.1);
     const Path reduced = Smoothed(four01, 17);
     EXPECT_LT(reduced.size(), four01.size());
     EXPECT_EQ(reduced, Reference(four01, 0.4));

@@ -101,15 +101,6 @@ TEST(ScreenSpaceReductionReference, RandomInputsMatch)
     }
 }
 
-TEST(ScreenSpaceReductionMinimum, ShortAndMinimalPolygonsPassUnchanged)
-{
-    const QPolygonF three = Poly({QPointF(0, 0), QPointF(0, 0), QPointF(0, 0)});
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(three, 100.0), three));
-    const QPolygonF closedFour = Poly({QPointF(1, 1), QPointF(1, 1), QPointF(1.001, 1), QPointF(1, 1)});
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(closedFour, 100.0), closedFour));
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(QPolygonF(), 1.0), QPolygonF()));
-}
-
 TEST(ScreenSpaceReductionMinimum, FirstAndLastTwoSurviveAtTheMinimum)
 {
     // Distinct but nearly coincident points: every inner one is a candidate.

@@ -18,81 +18,47 @@
 class RecordingEditableUser : public IZoGraphicsEditableUser
 {
 public:
+// Each callback records itself under a short name with its arguments.
+#define ZO_RECORD(Callback, Name, Params, Args) \
+    bool Callback(IZoGraphicsEditObject* e Params) override { return Record(e, Name, Args); }
+#define ZO_POINT , const CVector3D& p
+#define ZO_INDEX_POINT , int i, const CVector3D& p
+#define ZO_ANGLES , double angle, double delta
+#define ZO_ANGLE , double angle
+#define ZO_BOX , EXTENT& b
     CVector3D GetEditorPosition(IZoGraphicsEditObject*) const override { return position; }
-    bool OnStartTranslation(IZoGraphicsEditObject* e) override { return Record(e, "StartTranslation", ""); }
-    bool OnProcessTranslation(IZoGraphicsEditObject* e, const CVector3D& p) override
-    {
-        return Record(e, "ProcessTranslation", Point(p));
-    }
-    bool OnBackoutTranslation(IZoGraphicsEditObject* e, const CVector3D& p) override
-    {
-        return Record(e, "BackoutTranslation", Point(p));
-    }
-    bool OnCompleteTranslation(IZoGraphicsEditObject* e, const CVector3D& p) override
-    {
-        return Record(e, "CompleteTranslation", Point(p));
-    }
+    ZO_RECORD(OnStartTranslation, "StartTranslation", , "")
+    ZO_RECORD(OnProcessTranslation, "ProcessTranslation", ZO_POINT, Point(p))
+    ZO_RECORD(OnBackoutTranslation, "BackoutTranslation", ZO_POINT, Point(p))
+    ZO_RECORD(OnCompleteTranslation, "CompleteTranslation", ZO_POINT, Point(p))
 
     double GetEditorRotation(IZoGraphicsEditObject*) const override { return rotation; }
     CVector3D GetEditorControlPoint(IZoGraphicsEditObject*) const override { return controlPoint; }
-    bool OnStartRotation(IZoGraphicsEditObject* e) override { return Record(e, "StartRotation", ""); }
-    bool OnProcessRotation(IZoGraphicsEditObject* e, double angle, double delta) override
-    {
-        return Record(e, "ProcessRotation", Number(angle) + "," + Number(delta));
-    }
-    bool OnBackoutRotation(IZoGraphicsEditObject* e, double start) override
-    {
-        return Record(e, "BackoutRotation", Number(start));
-    }
-    bool OnCompleteRotation(IZoGraphicsEditObject* e, double angle) override
-    {
-        return Record(e, "CompleteRotation", Number(angle));
-    }
+    ZO_RECORD(OnStartRotation, "StartRotation", , "")
+    ZO_RECORD(OnProcessRotation, "ProcessRotation", ZO_ANGLES, Number(angle) + "," + Number(delta))
+    ZO_RECORD(OnBackoutRotation, "BackoutRotation", ZO_ANGLE, Number(angle))
+    ZO_RECORD(OnCompleteRotation, "CompleteRotation", ZO_ANGLE, Number(angle))
 
     EXTENT GetEditorBoundingBox(IZoGraphicsEditObject*) const override { return box; }
-    bool OnStartScaleBoundingBox(IZoGraphicsEditObject* e) override { return Record(e, "StartScale", ""); }
-    bool OnProcessScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override
-    {
-        const bool taken = Record(e, "ProcessScale", Box(b));
-        if (adjustBox)
-            adjustBox(b);
-        return taken;
-    }
-    bool OnBackoutScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override
-    {
-        return Record(e, "BackoutScale", Box(b));
-    }
-    bool OnCompleteScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override
-    {
-        const bool taken = Record(e, "CompleteScale", Box(b));
-        if (adjustBox)
-            adjustBox(b);
-        return taken;
-    }
+    ZO_RECORD(OnStartScaleBoundingBox, "StartScale", , "")
+    bool OnProcessScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override { return Adjust(e, "ProcessScale", b); }
+    ZO_RECORD(OnBackoutScaleBoundingBox, "BackoutScale", ZO_BOX, Box(b))
+    bool OnCompleteScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override { return Adjust(e, "CompleteScale", b); }
 
     std::vector<CVector3D> GetEditorKeyPointSet(IZoGraphicsEditObject*) override { return points; }
     bool IsKeyPointClosePath() const override { return closed; }
     bool IsEnableVirtualIndicate() const override { return indicators; }
-    bool OnProcessKeyPointChange(IZoGraphicsEditObject* e, int i, const CVector3D& p) override
-    {
-        return Record(e, "ProcessKeyPoint", std::to_string(i) + " " + Point(p));
-    }
-    bool OnBackoutKeyPointChange(IZoGraphicsEditObject* e, int i, const CVector3D& p) override
-    {
-        return Record(e, "BackoutKeyPoint", std::to_string(i) + " " + Point(p));
-    }
-    bool OnCompleteKeyPointChange(IZoGraphicsEditObject* e, int i, const CVector3D& p) override
-    {
-        return Record(e, "CompleteKeyPoint", std::to_string(i) + " " + Point(p));
-    }
-    bool OnCompleteKeyPointInsert(IZoGraphicsEditObject* e, int i, const CVector3D& p) override
-    {
-        return Record(e, "InsertKeyPoint", std::to_string(i) + " " + Point(p));
-    }
-    bool OnCompleteKeyPointDelete(IZoGraphicsEditObject* e, int i, const CVector3D& p) override
-    {
-        return Record(e, "DeleteKeyPoint", std::to_string(i) + " " + Point(p));
-    }
+    ZO_RECORD(OnProcessKeyPointChange, "ProcessKeyPoint", ZO_INDEX_POINT, std::to_string(i) + " " + Point(p))
+    ZO_RECORD(OnBackoutKeyPointChange, "BackoutKeyPoint", ZO_INDEX_POINT, std::to_string(i) + " " + Point(p))
+    ZO_RECORD(OnCompleteKeyPointChange, "CompleteKeyPoint", ZO_INDEX_POINT, std::to_string(i) + " " + Point(p))
+    ZO_RECORD(OnCompleteKeyPointInsert, "InsertKeyPoint", ZO_INDEX_POINT, std::to_string(i) + " " + Point(p))
+    ZO_RECORD(OnCompleteKeyPointDelete, "DeleteKeyPoint", ZO_INDEX_POINT, std::to_string(i) + " " + Point(p))
+#undef ZO_RECORD
+#undef ZO_POINT
+#undef ZO_INDEX_POINT
+#undef ZO_ANGLES
+#undef ZO_ANGLE
+#undef ZO_BOX
 
     static std::string Number(double v) { return QString::number(v, 'f', 4).toStdString(); }
     static std::string Point(const CVector3D& p) { return Number(p.x) + "," + Number(p.y); }
@@ -116,6 +82,14 @@ public:
     bool indicators = false;
 
 private:
+    // Records the box handed in, then lets adjustBox change it.
+    bool Adjust(IZoGraphicsEditObject* editor, const char* operation, EXTENT& b)
+    {
+        const bool taken = Record(editor, operation, Box(b));
+        if (adjustBox)
+            adjustBox(b);
+        return taken;
+    }
     bool Record(IZoGraphicsEditObject* editor, const std::string& operation, const std::string& args)
     {
         calls.push_back(args.empty() ? operation : operation + " " + args);
