@@ -26,31 +26,19 @@ CVector3D PseudoMercator(double lon, double lat)
 }
 }
 
-TEST(SrsFactory, CreatesOncePerCode)
+TEST(SrsFactory, CreatesOncePerCodeAndUnknownCodesGiveNull)
 {
+    LogCapture capture;
     CSpatialReference* wgs84 = Srs(4326);
     ASSERT_NE(wgs84, nullptr);
     EXPECT_EQ(Srs(4326), wgs84);
     EXPECT_EQ(wgs84->GetEPSG(), 4326);
-    EXPECT_EQ(wgs84->GetName(), "WGS 84");
     EXPECT_TRUE(wgs84->IsGeographic());
-    EXPECT_NE(wgs84->GetHandle(), nullptr);
-
-    CSpatialReference* mercator = Srs(3857);
-    ASSERT_NE(mercator, nullptr);
-    EXPECT_EQ(mercator->GetName(), "WGS 84 / Pseudo-Mercator");
-    EXPECT_FALSE(mercator->IsGeographic());
-}
-
-TEST(SrsFactory, UnknownCodeGivesNull)
-{
-    LogCapture capture;
+    EXPECT_FALSE(Srs(3857)->IsGeographic());
     EXPECT_EQ(Srs(999999), nullptr);
     EXPECT_EQ(Srs(-1), nullptr);
-    EXPECT_EQ(Srs(999999), nullptr);
     const std::string prefix = "[CSpatialReferenceFactory::GetOrCreateSRSViaEPSG] 未知的EPSG代码: ";
-    const std::vector<std::string> expected = {prefix + "999999", prefix + "-1", prefix + "999999"};
-    EXPECT_EQ(capture.Messages(), expected);
+    EXPECT_EQ(capture.Messages(), (std::vector<std::string>{prefix + "999999", prefix + "-1"}));
 }
 
 TEST(SrsTransform, GeographicToPseudoMercator)
@@ -59,8 +47,6 @@ TEST(SrsTransform, GeographicToPseudoMercator)
     const CVector3D result = RxGDALUtilityNS::TransformGeoSRS_Point({116.4074, 39.9042, 55.0}, Srs(4326), Srs(3857));
     EXPECT_NEAR(result.x, expected.x, 0.01);
     EXPECT_NEAR(result.y, expected.y, 0.01);
-    EXPECT_NEAR(result.x, 12958412.4926, 0.01);
-    EXPECT_NEAR(result.y, 4852030.6348, 0.01);
     EXPECT_EQ(result.z, 55.0);
 
     // Back again, longitude first.
