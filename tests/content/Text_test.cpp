@@ -172,40 +172,33 @@ TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
 
 // --- measuring -------------------------------------------------------------------
 
-TEST(TextBoundingBox, MeasuresTheLongestLineByCharactersAndEveryLine)
+// The longest line by characters ("iiiiii", not "WW") and every line; an
+// object's box uses the host's scale in whole steps.
+TEST_F(Text, BoxMeasuresTheLongestLineByCharactersAndEveryLine)
 {
     QFont font(QStringLiteral("DejaVu Sans"), 14);
     const QFontMetrics metrics(font);
-    // "iiiiii" has the most characters and "WW" the most pixels: the
-    // characters win.
-    const std::string block = "WW\n\niiiiii";
     const CVector3D position(116.4, 39.9, 0.0);
-    const double scale = 0.5;
-    const CAABB box = CalculateTextBoundingBox(block, font, position, scale);
-
+    const CAABB box = CalculateTextBoundingBox("WW\n\niiiiii", font, position, 0.5);
     const CTileModel* tiles = ITileModel::GetTileModel(2, true);
     int px = 0;
     int py = 0;
     ASSERT_TRUE(tiles->ConvertGeoToPixel(&px, &py, 21, position.x, position.y));
     double x = 0.0;
     double y = 0.0;
-    tiles->ConvertPixelToGeo(&x, &y, 21, px + metrics.horizontalAdvance(QStringLiteral("iiiiii")) * scale,
-                             py + metrics.height() * 3 * scale);
+    tiles->ConvertPixelToGeo(&x, &y, 21, px + metrics.horizontalAdvance(QStringLiteral("iiiiii")) * 0.5,
+                             py + metrics.height() * 3 * 0.5);
     EXPECT_DOUBLE_EQ(box.min.x, position.x);
     EXPECT_DOUBLE_EQ(box.max.x, x);
     EXPECT_DOUBLE_EQ(box.max.y, position.y);
     EXPECT_DOUBLE_EQ(box.min.y, y);
-}
 
-TEST_F(Text, ObjectBoxUsesTheWholeMapScale)
-{
     object->SetText("abc");
     object->SetPosition(CVector3D(10.0, 20.0, 0.0));
-    map.viewScale = 2.7; // the host's scale counts in whole steps: 2
-    const CAABB box = object->GetBoundingBox();
+    map.viewScale = 2.7; // counts as 2
     const CAABB expected = CalculateTextBoundingBox("abc", object->GetFont(), CVector3D(10.0, 20.0, 0.0), 0.5);
-    EXPECT_EQ(box.max.x, expected.max.x);
-    EXPECT_EQ(box.min.y, expected.min.y);
+    EXPECT_EQ(object->GetBoundingBox().max.x, expected.max.x);
+    EXPECT_EQ(object->GetBoundingBox().min.y, expected.min.y);
 }
 
 // --- painting ---------------------------------------------------------------------
@@ -225,7 +218,8 @@ void StyleForPainting(IZoTextMapObject* object)
 }
 } // namespace
 
-TEST_F(Text, OutlinedTextMatchesItsReference)
+// Drawn by the item, or on a canvas through a temporary document.
+TEST_F(Text, OutlinedTextMatchesItsReferenceOnTheSceneAndOnACanvas)
 {
     StyleForPainting(object);
     QImage image = BlankCanvas(160, 60);
@@ -235,22 +229,16 @@ TEST_F(Text, OutlinedTextMatchesItsReference)
     Item()->paint(&painter, nullptr, nullptr);
     painter.end();
     EXPECT_EQ(CompareWithReference(image, QStringLiteral("text_outline"), 16, 24), QString());
-}
 
-TEST_F(Text, CanvasPaintingBuildsATemporaryDocument)
-{
     layer->SetAutoAdd(false);
     IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
     StyleForPainting(loose);
-    // Web Mercator level 0: (0, 0) is pixel (128, 128).
     QImage canvas = BlankCanvas(256, 256);
-    QPainter painter(&canvas);
+    painter.begin(&canvas);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(-120, -120);
+    painter.translate(-120, -120); // Web Mercator level 0: (0, 0) is pixel (128, 128)
     loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    loose->PaintOnCanvas(nullptr, ITileModel::GetTileModel(1, true), 0, nullptr);
     painter.end();
     EXPECT_EQ(loose->GetQtItem(), nullptr);
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 160, 60), QStringLiteral("text_outline"), 16, 24), QString());
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoTextMapObject::PaintOnCanvas] 传入参数为空"}));
 }

@@ -19,6 +19,14 @@ namespace
 using S = IZoSurfaceStyleGraphicsMapObject;
 using L = IZoLineStyleGraphicsMapObject;
 
+template <class Shape>
+void ExtentShape(Shape* shape, const EXTENT& box, const CVector3D& aux)
+{
+    shape->SetExtent(box);
+    shape->SetRotation(20.0);
+    shape->SetAuxPoint(aux);
+}
+
 // Gives an object of any kind sensible values for everything the hostile
 // setters below touch, and something to show, so that its lazy parts (label
 // looks, paths, pictures, embedded widgets) are made.
@@ -56,25 +64,15 @@ void Furnish(IZoGraphicsMapObject* o, double x, double y, QWidget* widget)
         c->SetAuxPoint(CVector3D(x + 0.5, y, 0));
     }
     else if (auto* e = dynamic_cast<IZoEllipseMapObject*>(o))
-    {
-        e->SetExtent(box);
-        e->SetRotation(20.0);
-        e->SetAuxPoint(at);
-    }
+        ExtentShape(e, box, at);
     else if (auto* b = dynamic_cast<IZoBowMapObject*>(o))
     {
-        b->SetExtent(box);
         b->SetStartAngle(30.0);
         b->SetSpanAngle(120.0);
-        b->SetRotation(20.0);
-        b->SetAuxPoint(at);
+        ExtentShape(b, box, at);
     }
     else if (auto* r = dynamic_cast<IZoRectangleMapObject*>(o))
-    {
-        r->SetExtent(box);
-        r->SetRotation(20.0);
-        r->SetAuxPoint(at);
-    }
+        ExtentShape(r, box, at);
     else if (auto* bubble = dynamic_cast<IZoBubbleMapObject*>(o))
     {
         bubble->SetWidget(widget);
@@ -212,8 +210,7 @@ const std::vector<std::pair<std::string, Setter>>& Setters()
         ZO_SET(G, o->SetNameMinLodLevel(v.i); o->SetNameMaxLodLevel(v.i); o->UpdateVisibility(v.i)),
         ZO_SET(G, o->SetMinLodLevel(v.i); o->SetMaxLodLevel(v.i); o->SetZValue(v.i)),
         ZO_SET(G, o->SetRebuildThreshold(v.d); o->SetEditAngle(v.d)),
-        ZO_SET(G, o->SetResolution(v.d)),
-        ZO_SET(G, o->Rebuild(v.d)),
+        ZO_SET(G, o->SetResolution(v.d); o->Rebuild(v.d)),
         ZO_SET(S, o->SetPenWidth(static_cast<float>(v.d))),
         ZO_SET(L, o->SetPenWidth(static_cast<float>(v.d))),
         // Each kind's own.
@@ -221,12 +218,10 @@ const std::vector<std::pair<std::string, Setter>>& Setters()
         ZO_SET(IZoDotMapObject, o->SetRadius(v.d); o->SetOffset(All(v)); o->SetRotation(v.d)),
         ZO_SET(IZoCircleMapObject, o->SetCenter(All(v)); o->SetCenter(OnlyY(v))),
         ZO_SET(IZoCircleMapObject, o->SetRadiusPoint(OnlyY(v)); o->SetAuxPoint(All(v))),
-        ZO_SET(IZoEllipseMapObject, o->SetExtent(Box(v)); o->SetRotation(v.d)),
-        ZO_SET(IZoEllipseMapObject, o->SetCenter(All(v)); o->SetAuxPoint(All(v))),
+        ZO_SET(IZoEllipseMapObject, o->SetExtent(Box(v)); o->SetRotation(v.d); o->SetCenter(All(v)); o->SetAuxPoint(All(v))),
         ZO_SET(IZoBowMapObject, o->SetStartAngle(v.d); o->SetSpanAngle(v.d); o->SetRotation(v.d)),
         ZO_SET(IZoBowMapObject, o->SetExtent(Box(v)); o->SetCenter(All(v)); o->SetAuxPoint(All(v))),
-        ZO_SET(IZoRectangleMapObject, o->SetExtent(Box(v)); o->SetRotation(v.d)),
-        ZO_SET(IZoRectangleMapObject, o->SetCenter(All(v)); o->SetAuxPoint(All(v))),
+        ZO_SET(IZoRectangleMapObject, o->SetExtent(Box(v)); o->SetRotation(v.d); o->SetCenter(All(v)); o->SetAuxPoint(All(v))),
         ZO_SET(IZoBubbleMapObject, o->SetPosition(All(v)); o->SetSize(v.i, v.i)),
         ZO_SET(IZoPolylineMapObject, o->SetData({CVector3D(10, 10, 0), All(v), OnlyY(v)})),
         ZO_SET(IZoPolylineMapObject, o->SetPosition(All(v)); o->Insert(1, OnlyY(v))),
