@@ -187,19 +187,37 @@ TEST(MarkPointBoundingBox, IconWidthWinsOnceItPassesHalfTheText)
 
 // --- painting -----------------------------------------------------------------
 
+// On the scene at every label side, and on a canvas (at scale one, whatever
+// the view's) through a temporary item.
 TEST_F(MarkPoint, PinsWithALabelOnEachSideMatchTheirReferences)
 {
-    object->SetName("Pin");
-    object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    object->SetNameVisible(true);
-    object->SetIcon(PinPicture());
-    object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    layer->SetAutoAdd(false);
+    IZoMarkPointMapObject* loose = module.CreateMarkPointMapObject("Pin", layer);
+    for (IZoMarkPointMapObject* pin : {static_cast<IZoMarkPointMapObject*>(object), loose})
+    {
+        pin->SetName("Pin");
+        pin->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        pin->SetNameVisible(true);
+        pin->SetIcon(PinPicture());
+        pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    }
     for (unsigned int position = 0; position <= 4; ++position)
     {
         object->SetLabelPosition(position);
         const QString name = QStringLiteral("markpoint_label_%1").arg(position);
         EXPECT_EQ(CompareWithReference(RenderItemCentred(Item(), 140, 100), name, 16, 12), QString()) << position;
     }
+    loose->SetLabelPosition(3);
+    map.ChangeViewScale(3.0);
+    QImage canvas = BlankCanvas(256, 256);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-58, -78); // pixel (128, 128) to (70, 50)
+    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    EXPECT_EQ(loose->GetQtItem(), nullptr);
+    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 140, 100), QStringLiteral("markpoint_label_3"), 16, 12),
+              QString());
 }
 
 TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
@@ -213,25 +231,4 @@ TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
     object->SetIconVisible(false);
     image = RenderItemCentred(Item(), 40, 40);
     EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::white));
-}
-
-TEST_F(MarkPoint, CanvasPaintingDrawsTheSamePinAtScaleOne)
-{
-    layer->SetAutoAdd(false);
-    IZoMarkPointMapObject* loose = module.CreateMarkPointMapObject("Pin", layer);
-    loose->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    loose->SetNameVisible(true);
-    loose->SetIcon(PinPicture());
-    loose->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
-    loose->SetLabelPosition(3);
-    map.ChangeViewScale(3.0);
-    QImage canvas = BlankCanvas(256, 256);
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(-58, -78); // pixel (128, 128) to (70, 50)
-    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_EQ(loose->GetQtItem(), nullptr);
-    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 140, 100), QStringLiteral("markpoint_label_3"), 16, 12),
-              QString());
 }

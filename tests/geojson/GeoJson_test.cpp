@@ -213,17 +213,6 @@ TEST_F(GeoJson, BadFeaturesAreSkippedByIndexAndBadTextLoadsNothing)
                         "[CZoGeoJsonReader::Load] 传入参数为空"}));
 }
 
-TEST_F(GeoJson, TheNaturalEarthCountriesLoadWhole)
-{
-    const SZoGeoJsonLoadResult result =
-        LoadGeoJsonFile(&module, layer, std::string(ZO_SOURCE_DATA_DIR) + "/countries-50m.geojson");
-    EXPECT_EQ(result.skipped, 0);
-    EXPECT_EQ(result.objects.size(), 241u);
-    EXPECT_NE(module.LookupMultiPolygonMapObject("China"), nullptr);
-    // Antarctica's sliver along 89.999°S encloses nothing.
-    EXPECT_EQ(log.Messages(), Messages{"[CZoGeoJsonReader::Load] 要素239多边形2环0已丢弃: 环面积为零"});
-}
-
 namespace
 {
 QByteArray LineFeatures(const std::vector<QByteArray>& coordinates)
