@@ -137,6 +137,7 @@ TEST_F(MarkPoint, IconFilesAreReadByContent)
         {files.Write(QStringLiteral("pin.jpg"), png), QSize(24, 32)},
         {files.Write(QStringLiteral("truncated.png"), png.left(40)), none},
         {files.Write(QStringLiteral("notes.txt"), "plain words\n"), none},
+        {files.Write(QStringLiteral("cut.svg"), "<svg xmlns='http://www.w3.org/2000/svg' width='20'><rect"), none},
         {files.Path(QStringLiteral("missing.png")), none},
         {std::string("\xff\xfe\x81", 3), none},
         {video, system},

@@ -326,4 +326,5 @@ TEST(GeoJsonCoordinates, SignedExponentsAreReadAndTheTextsEndIsRespected)
     const QByteArray storage = head + "[]";
     const QByteArray open = QByteArray::fromRawData(storage.constData(), storage.size() - 1);
     EXPECT_EQ(reader.Extract(open), open);
+    EXPECT_EQ(reader.Extract(head + "[[1,2"), head + "[[1,2");
 }

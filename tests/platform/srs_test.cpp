@@ -23,6 +23,7 @@ TEST(SrsFactory, CreatesOncePerCodeAndUnknownCodesGiveNull)
     ASSERT_NE(wgs84, nullptr);
     EXPECT_EQ(Srs(4326), wgs84);
     EXPECT_EQ(wgs84->GetEPSG(), 4326);
+    EXPECT_EQ(wgs84->GetName(), "WGS 84");
     EXPECT_TRUE(wgs84->IsGeographic());
     EXPECT_FALSE(Srs(3857)->IsGeographic());
     EXPECT_EQ(Srs(999999), nullptr);

@@ -34,7 +34,10 @@ void ExpectExtent(const EXTENT& actual, const EXTENT& expected)
 // The figures hosts lay their tiles out by, and the tiles of points.
 TEST(TileModelTiles, WellKnownFiguresTilesOfPointsAndTileExtents)
 {
+    EXPECT_EQ(Mercator()->GetKind(), E_TILE_MODEL_WEB_MERCATOR);
     EXPECT_EQ(Mercator()->GetEPSG(), 3857);
+    EXPECT_EQ(Mercator()->GetTileSize(), 256);
+    EXPECT_EQ(Mercator()->GetMinLevel(), 0);
     EXPECT_EQ(Mercator()->GetTileCountY(3), 8);
     EXPECT_NEAR(Mercator()->GetResolution(10), 152.87405657035, 1e-9);
     EXPECT_EQ(Geodetic()->GetEPSG(), 4326);
