@@ -1,16 +1,14 @@
 // Files a careless or hostile host hands to the readers: what is not a regular
-// file, and tiny pictures that declare huge sizes.
+// file, pictures that declare huge sizes, GeoJSON past its size cap. Each
+// reader refuses them with its own text and keeps working.
 #include "support/ModuleFixture.h"
+#include "support/RenderItem.h"
 #include "support/ScratchFiles.h"
 
-#include <ZoGraphics/IZoMarkPointMapObject.h>
-#include <ZoGraphics/IZoRectangleMapObject.h>
-#include <ZoGraphics/IZoSVGMapObject.h>
-#include <ZoGraphics/IZoTextMapObject.h>
+#include <ZoGraphics/ZoGeoJson.h>
 
 #include <QBuffer>
 #include <QGraphicsTextItem>
-#include <QImage>
 #include <QTextDocument>
 #include <QUrl>
 #include <QtEndian>
@@ -30,37 +28,35 @@ namespace
 class PipeUnblocker
 {
 public:
-    explicit PipeUnblocker(const QString& path) : m_path(QFile::encodeName(path))
+    explicit PipeUnblocker(const std::string& path) : m_path(path)
     {
         m_writer = std::thread([this] {
             while (!m_stop)
-            {
-                const int fd = ::open(m_path.constData(), O_WRONLY);
-                if (fd >= 0)
+                if (const int fd = ::open(m_path.c_str(), O_WRONLY); fd >= 0)
                     ::close(fd);
-            }
         });
     }
     ~PipeUnblocker()
     {
         m_stop = true;
         // The writer waits in open for a reader: this one lets it go.
-        const int fd = ::open(m_path.constData(), O_RDONLY | O_NONBLOCK);
+        const int fd = ::open(m_path.c_str(), O_RDONLY | O_NONBLOCK);
         m_writer.join();
         if (fd >= 0)
             ::close(fd);
     }
-    PipeUnblocker(const PipeUnblocker&) = delete;
-    PipeUnblocker& operator=(const PipeUnblocker&) = delete;
+    Q_DISABLE_COPY(PipeUnblocker)
 
 private:
-    QByteArray m_path;
+    std::string m_path;
     std::atomic<bool> m_stop{false};
     std::thread m_writer;
 };
 
-QByteArray Encoded(const QImage& image, const char* format)
+QByteArray Encoded(const char* format)
 {
+    QImage image(7, 5, QImage::Format_RGB32);
+    image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -68,24 +64,16 @@ QByteArray Encoded(const QImage& image, const char* format)
     return bytes;
 }
 
-QImage Small()
-{
-    QImage image(7, 5, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    return image;
-}
-
 // A valid small PNG or JPEG whose header claims side x side pixels: the
 // PNG's image header (its checksum fixed), the JPEG's frame header.
 QByteArray Claiming(const char* format, quint16 side)
 {
-    QByteArray bytes = Encoded(Small(), format);
+    QByteArray bytes = Encoded(format);
     const bool png = qstrcmp(format, "PNG") == 0;
     const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5;
     const int step = png ? 4 : 2;
     for (int i = 0; i < 2; ++i)
     {
-        // Big-endian, right-aligned in its field.
         bytes[header + step * (i + 1) - 2] = static_cast<char>(side >> 8);
         bytes[header + step * (i + 1) - 1] = static_cast<char>(side & 0xFF);
     }
@@ -120,47 +108,60 @@ QByteArray Gzipped(const QByteArray& bytes)
 class HostileFilesTest : public ModuleFixture
 {
 protected:
-    // Every reader, each handed the one path it reads.
-    using Reader = std::function<void(const std::string& path)>;
-    struct Case
+    // Every reader with the texts it logs: for what is not a regular file
+    // and for a picture declaring a huge size (empty: the reader takes no
+    // pictures), each followed by the path, or the declared size.
+    struct Reader
     {
         const char* name;
-        Reader read;
-        std::string prefix;                // the log text before the path
-        std::vector<std::string> followUp; // logged after the refusal
+        std::function<void(const std::string& path)> read;
+        std::string notRegular;
+        std::string hugePicture;
+        std::vector<std::string> followUp; // logged after the refusal of what is not a file
     };
 
-    std::vector<Case> Readers()
+    std::vector<Reader> Readers()
     {
+        const std::string svgImage = "[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: ";
         return {
-            {"icon", [this](const std::string& p) { MarkPoint()->SetIconFile(p); },
-             "[CZoMarkPointMapObject::SetIconFile] "},
-            {"texture", [this](const std::string& p) { Rectangle()->SetBrushTextureFile(Qt::TexturePattern, p); },
-             "[CZoRectangleMapObject::SetBrushTextureFile] "},
-            {"svg", [this](const std::string& p) { EXPECT_FALSE(Svg()->LoadSVGFile(p, CVector3D(0, 0, 0))); },
-             "[CZoSVGMapObject::LoadSVGFile] ",
+            {"icon", [this](const std::string& p) { module.CreateMarkPointMapObject("m", nullptr)->SetIconFile(p); },
+             "[CZoMarkPointMapObject::SetIconFile] 不是普通文件, 拒绝读取: ",
+             "[CZoMarkPointMapObject::SetIconFile] 图片尺寸过大或未知, 拒绝解码: "},
+            {"texture",
+             [this](const std::string& p) {
+                 module.CreateRectangleMapObject("r", nullptr)->SetBrushTextureFile(Qt::TexturePattern, p);
+             },
+             "[CZoRectangleMapObject::SetBrushTextureFile] 不是普通文件, 拒绝读取: ",
+             "[CZoRectangleMapObject::SetBrushTextureFile] 图片尺寸过大或未知, 拒绝解码: "},
+            {"svg",
+             [this](const std::string& p) {
+                 EXPECT_FALSE(module.CreateSVGMapObject("s", nullptr)->LoadSVGFile(p, CVector3D(0, 0, 0)));
+             },
+             "[CZoSVGMapObject::LoadSVGFile] 不是普通文件, 拒绝读取: ", "",
              {"[CZoSVGMapObject::LoadSVGFile] Qt-Item加载SVG失败"}},
-            {"svg image", [this](const std::string& p) { ConvertSVGToImage(InSvg(p)); }, "[ConvertSVGToImage] "},
+            {"svg image",
+             [this](const std::string& p) {
+                 EXPECT_TRUE(ConvertSVGToImage(files.Write(QStringLiteral("holder.svg"),
+                                                           SvgWithImage(QString::fromStdString(p))))
+                                 .isNull());
+             },
+             svgImage, svgImage},
             {"html", [this](const std::string& p) { Html("<p>x<img src=\"" + p + "\"></p>"); },
-             "[CZoTextMapObject::SetHtml] "},
+             "[CZoTextMapObject::SetHtml] 不是普通文件, 拒绝读取: ",
+             "[CZoTextMapObject::SetHtml] 图片尺寸过大或未知, 拒绝解码: "},
+            {"geojson",
+             [this](const std::string& p) { EXPECT_FALSE(ZoGeoJsonNS::LoadGeoJsonFile(&module, nullptr, p).parsed); },
+             "[CZoGeoJsonReader::LoadFile] 不是普通文件: ", ""},
         };
     }
 
-    IZoMarkPointMapObject* MarkPoint() { return module.CreateMarkPointMapObject("m", nullptr); }
-    IZoRectangleMapObject* Rectangle() { return module.CreateRectangleMapObject("r", nullptr); }
-    IZoSVGMapObject* Svg() { return module.CreateSVGMapObject("s", nullptr); }
     // Lays the text out, which is when Qt asks for its images.
-    QGraphicsItem* Html(const std::string& html)
+    QGraphicsTextItem* Html(const std::string& html)
     {
         IZoTextMapObject* text = module.CreateTextMapObject("t", nullptr);
         text->SetHtml(html);
         text->GetQtItem()->boundingRect();
-        return text->GetQtItem();
-    }
-    // An SVG of the scratch folder whose one image is the path.
-    std::string InSvg(const std::string& path)
-    {
-        return files.Write(QStringLiteral("holder.svg"), SvgWithImage(QString::fromStdString(path)));
+        return static_cast<QGraphicsTextItem*>(text->GetQtItem());
     }
 
     ScratchFiles files;
@@ -169,26 +170,21 @@ protected:
 
 TEST_F(HostileFilesTest, ReadersRefuseWhatIsNotARegularFileWithoutOpeningIt)
 {
-    const QString fifo = files.FilePath(QStringLiteral("pipe"));
-    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
-    for (const std::string path : {fifo.toStdString(), std::string("/dev/zero")})
-    {
-        for (const Case& c : Readers())
+    const std::string fifo = files.Path(QStringLiteral("pipe"));
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    for (const std::string& path : {fifo, std::string("/dev/zero")})
+        for (const Reader& r : Readers())
         {
-            SCOPED_TRACE(std::string(c.name) + " " + path);
+            SCOPED_TRACE(std::string(r.name) + " " + path);
             log.Clear();
             {
                 PipeUnblocker unblocker(fifo);
-                c.read(path);
+                r.read(path);
             }
-            const std::string refused = c.name == std::string("svg image")
-                                            ? "SVG引用的图片不可读取或过大, 拒绝加载: "
-                                            : "不是普通文件, 拒绝读取: ";
-            std::vector<std::string> expected{c.prefix + refused + path};
-            expected.insert(expected.end(), c.followUp.begin(), c.followUp.end());
+            std::vector<std::string> expected{r.notRegular + path};
+            expected.insert(expected.end(), r.followUp.begin(), r.followUp.end());
             EXPECT_EQ(log.Messages(), expected);
         }
-    }
 }
 
 TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHeader)
@@ -197,20 +193,16 @@ TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHe
     const std::string jpeg = files.Write(QStringLiteral("huge.jpg"), Claiming("JPEG", 60000));
     for (const auto& [path, declared] :
          std::vector<std::pair<std::string, std::string>>{{png, "30000x30000"}, {jpeg, "60000x60000"}})
-    {
-        for (const Case& c : Readers())
+        for (const Reader& r : Readers())
         {
-            if (c.name == std::string("svg"))
+            if (r.hugePicture.empty())
                 continue;
-            SCOPED_TRACE(std::string(c.name) + " " + path);
+            SCOPED_TRACE(std::string(r.name) + " " + path);
             log.Clear();
-            c.read(path);
-            const std::string refused = c.name == std::string("svg image")
-                                            ? "SVG引用的图片不可读取或过大, 拒绝加载: " + path
-                                            : "图片尺寸过大或未知, 拒绝解码: " + declared;
-            EXPECT_EQ(log.Messages(), std::vector<std::string>{c.prefix + refused});
+            r.read(path);
+            const bool namesThePath = r.name == std::string("svg image");
+            EXPECT_EQ(log.Messages(), std::vector<std::string>{r.hugePicture + (namesThePath ? path : declared)});
         }
-    }
     // Inline in an SVG, the same picture is refused before Qt decodes it.
     log.Clear();
     const QString inlined = QStringLiteral("data:image/png;base64,") + QString::fromLatin1(Claiming("PNG", 30000).toBase64());
@@ -219,29 +211,38 @@ TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHe
     EXPECT_EQ(log.Messages()[0].rfind("[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: data:image/png", 0), 0u);
 }
 
-TEST_F(HostileFilesTest, AnSvgDeclaringAHugeSizeIsRenderedAtTheCap)
+TEST_F(HostileFilesTest, HugeSvgsAreRenderedAtTheCapAndHugeGeoJsonIsNotRead)
 {
-    const std::string svg = files.Write(
-        QStringLiteral("wide.svg"), "<svg xmlns='http://www.w3.org/2000/svg' width='32768' height='16'/>");
-    IZoMarkPointMapObject* mark = MarkPoint();
-    mark->SetIconFile(svg);
+    IZoMarkPointMapObject* mark = module.CreateMarkPointMapObject("m", nullptr);
+    mark->SetIconFile(files.Write(QStringLiteral("wide.svg"),
+                                  "<svg xmlns='http://www.w3.org/2000/svg' width='32768' height='16'/>"));
     EXPECT_EQ(mark->GetIcon().size(), QSize(8192, 4));
+    const std::string huge = files.Path(QStringLiteral("huge.geojson"));
+    QFile sparse(files.FilePath(QStringLiteral("huge.geojson")));
+    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly) && sparse.resize((qint64(256) << 20) + 1)); // no blocks written
+    sparse.close();
+    EXPECT_FALSE(ZoGeoJsonNS::LoadGeoJsonFile(&module, nullptr, huge).parsed);
     EXPECT_EQ(log.Messages(),
-              std::vector<std::string>{"[CZoMarkPointMapObject::SetIconFile] SVG尺寸过大, 图像已缩小到: 8192x4"});
+              (std::vector<std::string>{"[CZoMarkPointMapObject::SetIconFile] SVG尺寸过大, 图像已缩小到: 8192x4",
+                                        "[CZoGeoJsonReader::LoadFile] 文件超过大小上限: " + huge}));
 }
 
 TEST_F(HostileFilesTest, OrdinaryPicturesStillLoadEverywhere)
 {
-    const std::string png = files.Write(QStringLiteral("small.png"), Encoded(Small(), "PNG"));
-    QGraphicsItem* text = Html("<img src=\"" + png + "\">");
-    const QVariant image = dynamic_cast<QGraphicsTextItem*>(text)->document()->resource(
+    const std::string png = files.Write(QStringLiteral("small.png"), Encoded("PNG"));
+    const QVariant image = Html("<img src=\"" + png + "\">")->document()->resource(
         QTextDocument::ImageResource, QUrl(QString::fromStdString(png)));
     EXPECT_EQ(image.value<QImage>().size(), QSize(7, 5));
     // An SVG with an image of its own, plain and compressed.
     const QByteArray holder = SvgWithImage(QString::fromStdString(png));
-    EXPECT_TRUE(Svg()->LoadSVGFile(files.Write(QStringLiteral("plain.svg"), holder), CVector3D(0, 0, 0)));
-    EXPECT_TRUE(
-        module.CreateSVGMapObject("z", nullptr)
-            ->LoadSVGFile(files.Write(QStringLiteral("packed.svgz"), Gzipped(holder)), CVector3D(0, 0, 0)));
+    EXPECT_TRUE(module.CreateSVGMapObject("s", nullptr)
+                    ->LoadSVGFile(files.Write(QStringLiteral("plain.svg"), holder), CVector3D(0, 0, 0)));
+    EXPECT_TRUE(module.CreateSVGMapObject("z", nullptr)
+                    ->LoadSVGFile(files.Write(QStringLiteral("packed.svgz"), Gzipped(holder)), CVector3D(0, 0, 0)));
     EXPECT_EQ(log.Messages(), std::vector<std::string>{});
+    // A texture that cannot be read leaves the fill painted.
+    IZoCircleMapObject* circle = module.CreateCircleMapObject("circle", nullptr);
+    circle->SetRadiusPoint(CVector3D(1, 0, 0));
+    circle->SetBrushTextureFile(Qt::TexturePattern, files.Write(QStringLiteral("bad.png"), Encoded("PNG").left(40)));
+    EXPECT_NE(RenderItemCentred(circle->GetQtItem(), 40, 40), BlankCanvas(40, 40));
 }

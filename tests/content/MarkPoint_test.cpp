@@ -54,20 +54,14 @@ protected:
     ScratchFiles files;
 };
 
-TEST_F(MarkPoint, IconSizeTakesThePicturesWhereUnset)
+TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOriginAndTheBoxHasNoExtent)
 {
     object->SetIconSize(32.0, 0.0);
-    object->SetIcon(PinPicture());
-    EXPECT_EQ(object->GetIconWidth(), 32.0);
+    object->SetIcon(PinPicture()); // sizes take the picture's where unset
     EXPECT_EQ(object->GetIconHeight(), 32.0);
     object->SetIconSize(0.0, 0.0);
     object->SetIcon(PinPicture());
     EXPECT_EQ(object->GetIconWidth(), 24.0);
-    EXPECT_EQ(object->GetIconHeight(), 32.0);
-}
-
-TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOrigin)
-{
     map.ChangeViewScale(2.0);
     object->SetIcon(PinPicture());
     object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
@@ -82,6 +76,13 @@ TEST_F(MarkPoint, IconRectanglePutsTheAnchorPixelOnTheItemOrigin)
     object->SetIconSize(24.0, 32.0);
     EXPECT_EQ(Item()->boundingRect(), QRectF(-16.0, -26.0, 32.0, 36.0));
     EXPECT_EQ(Item()->shape().boundingRect(), QRectF(-6.0, -16.0, 12.0, 16.0));
+
+    object->SetPosition(CVector3D(116.4, 39.9, 0.0));
+    const CAABB box = object->GetBoundingBox();
+    EXPECT_EQ(box.min.x, 116.4);
+    EXPECT_EQ(box.max.x, 116.4);
+    EXPECT_EQ(box.min.y, box.max.y);
+    EXPECT_EQ(Item()->pos(), QPointF(1164.0, -399.0));
 }
 
 TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
@@ -117,64 +118,38 @@ TEST_F(MarkPoint, LabelStandsOnTheNamedSideOfTheIcon)
     }
 }
 
-TEST_F(MarkPoint, BoxOfAnyPinHasNoExtent)
-{
-    object->SetIcon(PinPicture());
-    object->SetPosition(CVector3D(116.4, 39.9, 0.0));
-    const CAABB box = object->GetBoundingBox();
-    EXPECT_EQ(box.min.x, box.max.x);
-    EXPECT_EQ(box.min.y, box.max.y);
-    EXPECT_EQ(box.max.x, 116.4);
-    EXPECT_EQ(Item()->pos(), QPointF(1164.0, -399.0));
-}
-
 // --- icon files --------------------------------------------------------------
 
-TEST_F(MarkPoint, ImageFilesLoadEvenUnderAWrongOrChineseName)
+// Pictures are read by their content, whatever the name; other files give
+// their system icon or, without one, no icon (the dot is drawn instead).
+TEST_F(MarkPoint, IconFilesAreReadByContent)
 {
     const QByteArray png = PngBytes(PinPicture());
-    object->SetIconFile(files.Write(QString::fromUtf8("图标.png"), png));
-    EXPECT_EQ(object->GetIcon().size(), QSize(24, 32));
-    EXPECT_EQ(object->GetIconFile(), files.Path(QString::fromUtf8("图标.png")));
-    // A PNG called .jpg is still read, from its content.
-    object->SetIcon(QPixmap());
-    object->SetIconFile(files.Write(QStringLiteral("pin.jpg"), png));
-    EXPECT_EQ(object->GetIcon().size(), QSize(24, 32));
-    EXPECT_TRUE(log.Messages().empty());
-}
-
-TEST_F(MarkPoint, BrokenImageFilesClearTheIconAndLeaveTheDot)
-{
-    const QByteArray png = PngBytes(PinPicture());
-    const std::vector<std::string> broken = {
-        files.Write(QStringLiteral("empty.png"), QByteArray()),
-        files.Write(QStringLiteral("truncated.png"), png.left(40)),
-        files.Write(QStringLiteral("garbage.png"), QByteArray("\x89PNG\r\n\x1a\nnot really", 18)),
-        files.Path(QStringLiteral("missing.png")),
-        std::string("\xff\xfe\x81", 3),
+    const std::string video =
+        files.Write(QStringLiteral("clip.mp4"), QByteArray("\x00\x00\x00\x18" "ftypmp42\x00\x00\x00\x00mp42isom", 24));
+    const QSize system = QFileIconProvider()
+                             .icon(QFileInfo(files.FilePath(QStringLiteral("clip.mp4"))))
+                             .pixmap(64, 64, QIcon::Normal, QIcon::Off)
+                             .size();
+    const QSize none(0, 0);
+    const std::vector<std::pair<std::string, QSize>> cases = {
+        {files.Write(QString::fromUtf8("图标.png"), png), QSize(24, 32)},
+        {files.Write(QStringLiteral("pin.jpg"), png), QSize(24, 32)},
+        {files.Write(QStringLiteral("truncated.png"), png.left(40)), none},
+        {files.Write(QStringLiteral("notes.txt"), "plain words\n"), none},
+        {files.Write(QStringLiteral("cut.svg"), "<svg xmlns='http://www.w3.org/2000/svg' width='20'><rect"), none},
+        {files.Path(QStringLiteral("missing.png")), none},
+        {std::string("\xff\xfe\x81", 3), none},
+        {video, system},
     };
-    for (const std::string& path : broken)
+    for (const auto& [path, size] : cases)
     {
         object->SetIcon(PinPicture());
         object->SetIconFile(path);
-        EXPECT_TRUE(object->GetIcon().isNull()) << path;
+        EXPECT_EQ(object->GetIcon().size(), size) << path;
         EXPECT_EQ(object->GetIconFile(), path);
     }
-}
-
-TEST_F(MarkPoint, FileTypeDecidesBetweenPictureSystemIconAndNothing)
-{
-    object->SetIcon(PinPicture());
-    object->SetIconFile(files.Write(QStringLiteral("notes.txt"), "plain words\n"));
-    EXPECT_TRUE(object->GetIcon().isNull());
-
-    const QByteArray mp4("\x00\x00\x00\x18" "ftypmp42\x00\x00\x00\x00mp42isom", 24);
-    const std::string video = files.Write(QStringLiteral("clip.mp4"), mp4);
-    object->SetIconFile(video);
-    const QFileInfo info(files.FilePath(QStringLiteral("clip.mp4")));
-    const QPixmap expected = QFileIconProvider().icon(info).pixmap(64, 64, QIcon::Normal, QIcon::Off);
-    EXPECT_EQ(object->GetIcon().size(), expected.size());
-    EXPECT_LE(object->GetIcon().width(), 64);
+    EXPECT_LE(system.width(), 64);
 }
 
 // --- measuring ----------------------------------------------------------------
@@ -213,50 +188,26 @@ TEST(MarkPointBoundingBox, IconWidthWinsOnceItPassesHalfTheText)
 
 // --- painting -----------------------------------------------------------------
 
-namespace
-{
-QImage RenderPin(QGraphicsItem* item, int width = 140, int height = 100)
-{
-    return RenderItemCentred(item, width, height);
-}
-} // namespace
-
+// On the scene at every label side, and on a canvas (at scale one, whatever
+// the view's) through a temporary item.
 TEST_F(MarkPoint, PinsWithALabelOnEachSideMatchTheirReferences)
 {
-    object->SetName("Pin");
-    object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    object->SetNameVisible(true);
-    object->SetIcon(PinPicture());
-    object->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    layer->SetAutoAdd(false);
+    IZoMarkPointMapObject* loose = module.CreateMarkPointMapObject("Pin", layer);
+    for (IZoMarkPointMapObject* pin : {static_cast<IZoMarkPointMapObject*>(object), loose})
+    {
+        pin->SetName("Pin");
+        pin->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        pin->SetNameVisible(true);
+        pin->SetIcon(PinPicture());
+        pin->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
+    }
     for (unsigned int position = 0; position <= 4; ++position)
     {
         object->SetLabelPosition(position);
         const QString name = QStringLiteral("markpoint_label_%1").arg(position);
-        EXPECT_EQ(CompareWithReference(RenderPin(Item()), name, 16, 12), QString()) << position;
+        EXPECT_EQ(CompareWithReference(RenderItemCentred(Item(), 140, 100), name, 16, 12), QString()) << position;
     }
-}
-
-TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
-{
-    map.ChangeViewScale(0.5); // s = 2: radius 6
-    QImage image = RenderPin(Item(), 40, 40);
-    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::red));
-    EXPECT_EQ(image.pixelColor(20 + 4, 20), QColor(Qt::red));
-    EXPECT_EQ(image.pixelColor(20 + 9, 20), QColor(Qt::white));
-    // Hiding the icon hides the dot too.
-    object->SetIconVisible(false);
-    image = RenderPin(Item(), 40, 40);
-    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::white));
-}
-
-TEST_F(MarkPoint, CanvasPaintingDrawsTheSamePinAtScaleOne)
-{
-    layer->SetAutoAdd(false);
-    IZoMarkPointMapObject* loose = module.CreateMarkPointMapObject("Pin", layer);
-    loose->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
-    loose->SetNameVisible(true);
-    loose->SetIcon(PinPicture());
-    loose->SetIconAnchor(CVector3D(12.0, 32.0, 0.0));
     loose->SetLabelPosition(3);
     map.ChangeViewScale(3.0);
     QImage canvas = BlankCanvas(256, 256);
@@ -268,4 +219,17 @@ TEST_F(MarkPoint, CanvasPaintingDrawsTheSamePinAtScaleOne)
     EXPECT_EQ(loose->GetQtItem(), nullptr);
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 140, 100), QStringLiteral("markpoint_label_3"), 16, 12),
               QString());
+}
+
+TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
+{
+    map.ChangeViewScale(0.5); // s = 2: radius 6
+    QImage image = RenderItemCentred(Item(), 40, 40);
+    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(20 + 4, 20), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(20 + 9, 20), QColor(Qt::white));
+    // Hiding the icon hides the dot too.
+    object->SetIconVisible(false);
+    image = RenderItemCentred(Item(), 40, 40);
+    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::white));
 }

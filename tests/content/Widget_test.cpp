@@ -16,6 +16,7 @@ class Widget : public KindFixture<WidgetKind>
 protected:
     QGraphicsProxyWidget* Item() const { return static_cast<QGraphicsProxyWidget*>(object->GetQtItem()); }
     QVariant Property(const char* name) { return map.GetEventObject()->property(name); }
+    QSize Size() const { return QSize(object->GetWidth(), object->GetHeight()); }
 };
 
 TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
@@ -23,24 +24,20 @@ TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
     QWidget first;
     first.resize(200, 100);
     object->SetWidget(&first);
-    EXPECT_EQ(object->GetWidget(), &first);
-    EXPECT_EQ(object->GetWidth(), 200);
-    EXPECT_EQ(object->GetHeight(), 100);
+    EXPECT_EQ(Size(), QSize(200, 100));
     EXPECT_EQ(Item()->geometry().size(), QSizeF(200, 100));
     object->SetSize(50, 50);
     QWidget second;
     second.resize(300, 30);
     object->SetWidget(&second);
-    EXPECT_EQ(object->GetWidth(), 50);
-    EXPECT_EQ(object->GetHeight(), 50);
+    EXPECT_EQ(Size(), QSize(50, 50));
     EXPECT_EQ(Item()->widget()->findChild<QWidget*>(), &second);
     // Half a size is no size: the widget's fills it.
     object->SetSize(0, 40);
     QWidget third;
     third.resize(120, 60);
     object->SetWidget(&third);
-    EXPECT_EQ(object->GetWidth(), 120);
-    EXPECT_EQ(object->GetHeight(), 60);
+    EXPECT_EQ(Size(), QSize(120, 60));
     object->SetWidget(nullptr);
     EXPECT_EQ(Item()->widget()->findChild<QWidget*>(), nullptr);
     // Widgets that were replaced are handed back as they came.
@@ -75,15 +72,14 @@ TEST_F(Widget, PressAndWheelAreGrabbedAndStillReachTheWidget)
     object->SetInteractive(true);
     QSignalSpy clicked(&button, &QPushButton::clicked);
 
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    press.setButton(Qt::LeftButton);
-    press.setButtons(Qt::LeftButton);
-    press.setPos(QPointF(40, 15));
-    map.Scene()->sendEvent(Item(), &press);
-    QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
-    release.setButton(Qt::LeftButton);
-    release.setPos(QPointF(40, 15));
-    map.Scene()->sendEvent(Item(), &release);
+    for (const QEvent::Type type : {QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseRelease})
+    {
+        QGraphicsSceneMouseEvent event(type);
+        event.setButton(Qt::LeftButton);
+        event.setButtons(type == QEvent::GraphicsSceneMousePress ? Qt::LeftButton : Qt::NoButton);
+        event.setPos(QPointF(40, 15));
+        map.Scene()->sendEvent(Item(), &event);
+    }
     QGraphicsSceneWheelEvent wheel(QEvent::GraphicsSceneWheel);
     wheel.setDelta(120);
     wheel.setPos(QPointF(40, 15));
@@ -133,8 +129,8 @@ TEST_F(Widget, CanvasPaintingRendersTheWidgetFromItsAnchor)
     object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
     painter.end();
     // (0, 0) is pixel (128, 128) at level 0; the widget ends there at its bottom.
-    EXPECT_EQ(canvas.pixelColor(120, 120), QColor(200, 30, 30));
-    EXPECT_EQ(canvas.pixelColor(137, 127), QColor(200, 30, 30));
-    EXPECT_EQ(canvas.pixelColor(120, 130), QColor(Qt::white));
-    EXPECT_EQ(canvas.pixelColor(115, 115), QColor(Qt::white));
+    for (const QPoint& inside : {QPoint(120, 120), QPoint(137, 127)})
+        EXPECT_EQ(canvas.pixelColor(inside), QColor(200, 30, 30));
+    for (const QPoint& outside : {QPoint(120, 130), QPoint(115, 115)})
+        EXPECT_EQ(canvas.pixelColor(outside), QColor(Qt::white));
 }

@@ -1,10 +1,9 @@
 #include "support/ModuleFixture.h"
 
-#include "shapes/multipolygon/CZoMultiPolygonMapObject.h"
+#include "geojson/CZoGeoJsonCoordinates.h"
 
 #include <ZoGraphics/ZoGeoJson.h>
 
-#include <QFile>
 #include <QGraphicsItem>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,10 +12,12 @@
 #include <random>
 
 using Messages = std::vector<std::string>;
+using Rings = std::vector<std::vector<CVector3D>>;
 using namespace ZoGeoJsonNS;
 
 namespace
 {
+const std::string kAt = "[CZoGeoJsonReader::Load] 要素";
 const QByteArray kMixed = R"({"type":"FeatureCollection","features":[
  {"type":"Feature","properties":{"name":"Beijing","pop":21.5},"geometry":{"type":"Point","coordinates":[116.4,39.9]}},
  {"type":"Feature","properties":{"name":"capitals"},"geometry":{"type":"MultiPoint","coordinates":[[1,2],[3,4,5]]}},
@@ -29,7 +30,7 @@ const QByteArray kMixed = R"({"type":"FeatureCollection","features":[
 ]})";
 
 // Geometry of an object as plain lists, whatever its kind.
-std::vector<std::vector<CVector3D>> GeometryOf(IZoGraphicsMapObject* object)
+Rings GeometryOf(IZoGraphicsMapObject* object)
 {
     if (auto* dot = dynamic_cast<IZoDotMapObject*>(object))
         return {{dot->GetPosition()}};
@@ -37,7 +38,7 @@ std::vector<std::vector<CVector3D>> GeometryOf(IZoGraphicsMapObject* object)
         return {dots->GetData()};
     if (auto* line = dynamic_cast<IZoPolylineMapObject*>(object))
         return {line->GetData()};
-    std::vector<std::vector<CVector3D>> all;
+    Rings all;
     if (auto* lines = dynamic_cast<IZoMultiLineMapObject*>(object))
         for (int i = 0; i < lines->GetLineNumber(); ++i)
             all.push_back(lines->GetLineData(i));
@@ -45,6 +46,16 @@ std::vector<std::vector<CVector3D>> GeometryOf(IZoGraphicsMapObject* object)
         for (int i = 0; i < rings->GetPolygonNumber(); ++i)
             all.push_back(rings->GetPolygonData(i));
     return all;
+}
+
+std::string DataFile(const char* name)
+{
+    return std::string(ZO_TEST_DATA_DIR) + "/geojson/" + name;
+}
+
+QJsonArray Features(const QByteArray& json)
+{
+    return QJsonDocument::fromJson(json).object().value("features").toArray();
 }
 } // namespace
 
@@ -60,65 +71,113 @@ protected:
     IZoGraphicsMapLayer* layer = nullptr;
 };
 
-TEST_F(GeoJson, EachGeometryTypeBecomesItsKindWithNameAndProperties)
+// A ring that encloses nothing goes alone; the country keeps the rest, and a
+// hole stays a hole.
+TEST_F(GeoJson, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
 {
-    const SZoGeoJsonLoadResult result = LoadGeoJson(&module, layer, kMixed);
-    ASSERT_EQ(result.objects.size(), 6u);
+    const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("degenerate_rings.geojson"));
+    EXPECT_EQ(result.skipped, 1);
+    EXPECT_EQ(log.Messages(), (Messages{kAt + "0多边形1环0已丢弃: 环少于3个点", kAt + "0多边形2环0已丢弃: 环面积为零",
+                                        kAt + "1多边形0环0已丢弃: 环面积为零", kAt + "2多边形0环1已丢弃: 环面积为零",
+                                        kAt + "3无效: 环面积为零"}));
+    ASSERT_EQ(result.objects.size(), 3u);
+    auto* italy = dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[0]);
+    ASSERT_NE(italy, nullptr);
+    EXPECT_EQ(GeometryOf(italy), (Rings{{{6, 36, 0}, {19, 36, 0}, {19, 47, 0}, {6, 47, 0}},
+                                     {{12, 43.5, 0}, {12, 44, 0}, {12.5, 44, 0}, {12.5, 43.5, 0}},
+                                     {{13, 37, 0}, {15, 37, 0}, {15, 38, 0}}}));
+    // San Marino is still a hole (the fake map draws 10 px a degree, north up).
+    EXPECT_FALSE(italy->GetQtItem()->contains(italy->GetQtItem()->mapFromScene(QPointF(122.5, -437.5))));
+    EXPECT_TRUE(italy->GetQtItem()->contains(italy->GetQtItem()->mapFromScene(QPointF(100, -400))));
+    // The ring after a flat exterior along the pole stays, and is land.
+    EXPECT_EQ(GeometryOf(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[1])),
+              (Rings{{{-180, -80, 0}, {180, -80, 0}, {180, -70, 0}}}));
+    EXPECT_EQ(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[2])->GetPolygonNumber(), 1);
+    // Written back as two polygons, the first with its hole.
+    const QJsonObject geometry = Features(WriteGeoJson({italy})).at(0).toObject().value("geometry").toObject();
+    EXPECT_EQ(geometry.value("type").toString(), "MultiPolygon");
+    EXPECT_EQ(geometry.value("coordinates").toArray().at(0).toArray().size(), 2);
+}
+
+// Positions the map cannot place are refused with their feature or ring,
+// never drawn at the origin; the poles and the antimeridian are on the map.
+TEST_F(GeoJson, PositionsOffTheMapAreRefused)
+{
+    const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("off_map.geojson"));
+    EXPECT_EQ(log.Messages(),
+              (Messages{kAt + "0多边形0环0已丢弃: 坐标超出地图范围", kAt + "1无效: 坐标超出地图范围",
+                        kAt + "2无效: 坐标超出地图范围", kAt + "3无效: 坐标超出地图范围"}));
+    EXPECT_EQ(result.skipped, 3);
+    ASSERT_EQ(result.objects.size(), 2u);
+    EXPECT_EQ(GeometryOf(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[0])),
+              (Rings{{{10, 10, 0}, {12, 10, 0}, {12, 12, 0}}}));
+    EXPECT_EQ(result.objects[1]->GetName(), "Antarctica");
+}
+
+// What was read comes back: "id", "bbox", a "name" that is no string,
+// features without geometry; rings follow the right-hand rule.
+TEST_F(GeoJson, WritingGivesBackWhatWasReadWithRightHandRings)
+{
+    const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("round_trip.geojson"));
     EXPECT_EQ(result.skipped, 0);
     EXPECT_TRUE(log.Messages().empty());
+    const QByteArray written = WriteGeoJsonLayer(layer);
+    EXPECT_EQ(Features(written), Features(R"({"features":[
+ {"type":"Feature","id":"ITA","bbox":[0,0,4,4],"properties":{"name":42,"iso":"IT"},"geometry":{"type":"Polygon",
+  "coordinates":[[[0,0],[4,0],[4,4],[0,4],[0,0]],[[1,1],[1,2],[2,2],[2,1],[1,1]]]}},
+ {"type":"Feature","id":7,"properties":{"pop":3},"geometry":{"type":"Point","coordinates":[5,6]}},
+ {"type":"Feature","properties":{"name":"nowhere"},"geometry":null}]})")) << written.toStdString();
+
+    // Loading what was written and writing it again changes nothing.
+    IZoGraphicsMapLayer* again = module.CreateGraphicsLayer("again");
+    LoadGeoJson(&module, again, written);
+    EXPECT_EQ(WriteGeoJsonLayer(again), written);
+}
+
+// Each geometry type becomes its kind, and written back (with objects made
+// by hand) reads again as the same geometry, names and properties.
+TEST_F(GeoJson, EachGeometryTypeBecomesItsKindAndReadsBackAsWritten)
+{
+    const SZoGeoJsonLoadResult first = LoadGeoJson(&module, layer, kMixed);
+    ASSERT_EQ(first.objects.size(), 6u);
+    EXPECT_EQ(first.skipped, 0);
+    EXPECT_TRUE(log.Messages().empty());
     EXPECT_EQ(module.LookupDotMapObject("Beijing")->GetPosition(), CVector3D(116.4, 39.9, 0));
-    EXPECT_EQ(module.LookupDotMapObject("Beijing")->GetProperty("pop"), QVariant(21.5));
     EXPECT_EQ(module.LookupMultiDotMapObject("capitals")->At(1), CVector3D(3, 4, 5));
     EXPECT_EQ(module.LookupPolylineMapObject("route")->GetPointNumber(), 3);
     EXPECT_EQ(module.LookupMultiLineMapObject("rivers")->GetLineNumber(), 2);
     IZoMultiPolygonMapObject* frame = module.LookupMultiPolygonMapObject("frame");
     ASSERT_NE(frame, nullptr);
-    EXPECT_EQ(frame->GetPolygonNumber(), 2);
     EXPECT_EQ(frame->GetPointNumber(0), 4); // the closing position is the object's business
     EXPECT_EQ(frame->GetProperty("kind"), QVariant("holed"));
     EXPECT_EQ(module.LookupMultiPolygonMapObject("islands")->GetPolygonNumber(), 3);
-    // The hole stays a hole.
-    EXPECT_FALSE(frame->GetQtItem()->contains(QPointF(40, -40)));
+    EXPECT_FALSE(frame->GetQtItem()->contains(QPointF(40, -40))); // the hole
     EXPECT_TRUE(frame->GetQtItem()->contains(QPointF(10, -10)));
-    // Multi-dots are laid out at once.
-    EXPECT_FALSE(module.LookupMultiDotMapObject("capitals")->GetQtItem()->shape().isEmpty());
-}
+    EXPECT_FALSE(module.LookupMultiDotMapObject("capitals")->GetQtItem()->shape().isEmpty()); // laid out at once
 
-TEST_F(GeoJson, WritingAndLoadingAgainGivesTheSameGeometry)
-{
-    const SZoGeoJsonLoadResult first = LoadGeoJson(&module, layer, kMixed);
-    const QByteArray written = WriteGeoJson(first.objects);
+    std::vector<IZoGraphicsMapObject*> objects = first.objects;
+    auto* polygon = module.CreatePolygonMapObject("p", layer);
+    polygon->SetData({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
+    objects.push_back(polygon);
+    objects.push_back(nullptr);
+    const QByteArray written = WriteGeoJson(objects);
     IZoGraphicsMapLayer* again = module.CreateGraphicsLayer("again");
     const SZoGeoJsonLoadResult second = LoadGeoJson(&module, again, written);
-    ASSERT_EQ(second.objects.size(), first.objects.size());
+    ASSERT_EQ(second.objects.size(), 7u);
     for (std::size_t i = 0; i < first.objects.size(); ++i)
     {
         EXPECT_EQ(GeometryOf(second.objects[i]), GeometryOf(first.objects[i])) << i;
         EXPECT_EQ(second.objects[i]->GetName(), first.objects[i]->GetName());
         EXPECT_EQ(typeid(*second.objects[i]), typeid(*first.objects[i]));
     }
+    EXPECT_EQ(GeometryOf(second.objects[6]), Rings{polygon->GetData()});
     EXPECT_EQ(second.objects[0]->GetProperty("pop"), QVariant(21.5));
-    // Polygons keep their rings together: the islands are written as two polygons.
-    EXPECT_TRUE(written.contains(R"("type":"MultiPolygon")"));
-    EXPECT_EQ(WriteGeoJson(second.objects), written);
     // A whole layer writes the same, in creation order.
     EXPECT_EQ(WriteGeoJsonLayer(again), written);
     EXPECT_EQ(WriteGeoJsonLayer(nullptr), WriteGeoJson({}));
 }
 
-TEST_F(GeoJson, PolygonsAndPolylinesMadeByHandAreWrittenToo)
-{
-    auto* polygon = module.CreatePolygonMapObject("p", layer);
-    polygon->SetData({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
-    auto* line = module.CreatePolylineMapObject("l", layer);
-    line->SetData({{0, 0, 0}, {1, 1, 0.5}});
-    const SZoGeoJsonLoadResult back = LoadGeoJson(&module, layer, WriteGeoJson({polygon, line, nullptr}));
-    ASSERT_EQ(back.objects.size(), 2u);
-    EXPECT_EQ(GeometryOf(back.objects[0]), (std::vector<std::vector<CVector3D>>{polygon->GetData()}));
-    EXPECT_EQ(GeometryOf(back.objects[1]), (std::vector<std::vector<CVector3D>>{line->GetData()}));
-}
-
-TEST_F(GeoJson, BadFeaturesAreSkippedByIndexAndTheRestLoad)
+TEST_F(GeoJson, BadFeaturesAreSkippedByIndexAndBadTextLoadsNothing)
 {
     const QByteArray json = R"({"type":"FeatureCollection","features":[
       {"type":"Feature","properties":{},"geometry":{"type":"Circle","coordinates":[0,0]}},
@@ -134,60 +193,28 @@ TEST_F(GeoJson, BadFeaturesAreSkippedByIndexAndTheRestLoad)
     const SZoGeoJsonLoadResult result = LoadGeoJson(&module, layer, json);
     EXPECT_EQ(result.objects.size(), 3u); // the feature without geometry too
     EXPECT_EQ(result.skipped, 6);
-    const std::string at = "[CZoGeoJsonReader::Load] 要素";
-    EXPECT_EQ(log.Messages(), (Messages{at + "0无效: 几何类型不支持", at + "2无效: 坐标缺失或非数值",
-                                        at + "3无效: 坐标缺失或非数值", at + "4无效: 环少于3个点",
-                                        at + "5无效: 坐标缺失或非数值",
-                                        at + "7无效: 不是Feature对象"}));
-}
-
-TEST_F(GeoJson, MalformedTextLoadsNothingAndSaysWhere)
-{
-    const SZoGeoJsonLoadResult broken =
-        LoadGeoJson(&module, layer, R"({"type":"FeatureCollection","features":[{"type":"Feature",]})");
-    EXPECT_FALSE(broken.parsed);
-    EXPECT_TRUE(broken.objects.empty());
-    ASSERT_EQ(log.Messages().size(), 1u);
-    EXPECT_EQ(log.Messages()[0].rfind("[CZoGeoJsonReader::Load] JSON解析失败, 偏移: 59", 0), 0u) << log.Messages()[0];
-    EXPECT_EQ(layer->GetMapObjectCount(), 0);
+    EXPECT_EQ(log.Messages(), (Messages{kAt + "0无效: 几何类型不支持", kAt + "2无效: 坐标缺失或非数值",
+                                        kAt + "3无效: 坐标缺失或非数值", kAt + "4无效: 环少于3个点",
+                                        kAt + "5无效: 坐标缺失或非数值", kAt + "7无效: 不是Feature对象"}));
 
     log.Clear();
+    const int count = layer->GetMapObjectCount();
+    EXPECT_FALSE(LoadGeoJson(&module, layer, R"({"type":"FeatureCollection","features":[{"type":"Feature",]})").parsed);
     EXPECT_FALSE(LoadGeoJson(&module, layer, R"({"type":"Feature"})").parsed);
     EXPECT_FALSE(LoadGeoJsonFile(&module, layer, "/nonexistent/file.geojson").parsed);
     EXPECT_FALSE(LoadGeoJson(nullptr, layer, kMixed).parsed);
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoGeoJsonReader::Load] 不是FeatureCollection",
-                                        "[CZoGeoJsonReader::LoadFile] 文件无法打开: /nonexistent/file.geojson",
-                                        "[CZoGeoJsonReader::Load] 传入参数为空"}));
-}
-
-TEST_F(GeoJson, TheNaturalEarthCountriesLoadWhole)
-{
-    const SZoGeoJsonLoadResult result =
-        LoadGeoJsonFile(&module, layer, std::string(ZO_SOURCE_DATA_DIR) + "/countries-50m.geojson");
-    EXPECT_EQ(result.skipped, 0);
-    EXPECT_EQ(result.objects.size(), 241u);
-    EXPECT_NE(module.LookupMultiPolygonMapObject("China"), nullptr);
-    // Antarctica's sliver along 89.999°S encloses nothing.
-    EXPECT_EQ(log.Messages(), Messages{"[CZoGeoJsonReader::Load] 要素239多边形2环0已丢弃: 环面积为零"});
+    EXPECT_EQ(layer->GetMapObjectCount(), count);
+    Messages messages = log.Messages();
+    ASSERT_EQ(messages.size(), 4u);
+    EXPECT_EQ(messages[0].rfind("[CZoGeoJsonReader::Load] JSON解析失败, 偏移: 59", 0), 0u) << messages[0];
+    EXPECT_EQ(Messages(messages.begin() + 1, messages.end()),
+              (Messages{"[CZoGeoJsonReader::Load] 不是FeatureCollection",
+                        "[CZoGeoJsonReader::LoadFile] 文件无法打开: /nonexistent/file.geojson",
+                        "[CZoGeoJsonReader::Load] 传入参数为空"}));
 }
 
 namespace
 {
-// The coordinates of every LineString feature of json, read by QJsonDocument
-// alone: what the loader must give, number for number.
-std::vector<std::vector<CVector3D>> ReadByQt(const QByteArray& json)
-{
-    std::vector<std::vector<CVector3D>> lines;
-    for (const QJsonValue& feature : QJsonDocument::fromJson(json).object().value("features").toArray())
-    {
-        std::vector<CVector3D> line;
-        for (const QJsonValue& p : feature.toObject().value("geometry").toObject().value("coordinates").toArray())
-            line.emplace_back(p.toArray().at(0).toDouble(), p.toArray().at(1).toDouble(), p.toArray().at(2).toDouble());
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 QByteArray LineFeatures(const std::vector<QByteArray>& coordinates)
 {
     QByteArray json = R"({"type":"FeatureCollection","features":[)";
@@ -202,45 +229,39 @@ QByteArray LineFeatures(const std::vector<QByteArray>& coordinates)
 // spelling of a number must still come out as the very double Qt reads.
 TEST_F(GeoJson, NumbersReadAsQtReadsThemInEverySpelling)
 {
-    const std::vector<QByteArray> spellings = {
+    std::vector<QByteArray> all = {
         "0", "-0", "0.0", "-0.0", "1", "-17", "123456789012345678", "9223372036854775807", "9223372036854775808",
         "-9223372036854775809", "0.1", "-0.30000000000000004", "116.391275", "179.999999999999999999",
         "1e3", "1E-3", "-2.5e+2", "1.7976931348623157e308", "4.9e-324", "2.2250738585072014e-308",
         "123456789012345.6", "0.000000000000000000001", "12345678901234567890.5", "3.141592653589793238462643"};
     std::mt19937_64 random(7);
-    std::vector<QByteArray> all = spellings;
     for (int i = 0; i < 2000; ++i)
     {
         // Random decimals of every length around the short-decimal limit.
-        const int digits = 1 + static_cast<int>(random() % 19);
-        QByteArray text = random() % 2 ? "-" : "";
-        for (int d = 0; d < digits; ++d)
-            text += static_cast<char>('0' + random() % 10);
-        const int point = static_cast<int>(random() % static_cast<unsigned>(digits));
-        if (point > 0 && text.size() > 1 && text[text.startsWith('-') ? 1 : 0] != '0')
-            text.insert(text.size() - point, '.');
-        else
-            text = QByteArray::number(static_cast<qlonglong>(random() % 100000)) + "." + text.mid(text.startsWith('-') ? 1 : 0);
-        all.push_back(text);
+        QByteArray digits = QByteArray::number(static_cast<qulonglong>(random() % 9 + 1));
+        for (int d = static_cast<int>(random() % 19); d > 0; --d)
+            digits += static_cast<char>('0' + random() % 10);
+        digits.insert(static_cast<int>(random() % static_cast<unsigned>(digits.size())) + 1, '.');
+        all.push_back((random() % 2 ? "-" : "") + (digits.endsWith('.') ? digits + "5" : digits));
     }
     std::vector<QByteArray> lines;
     for (std::size_t i = 0; i + 2 < all.size(); i += 3)
         // Heights, which the map places whatever their value.
         lines.push_back("[[0,0," + all[i] + "],[0,0," + all[i + 1] + "],[0,0," + all[i + 2] + "],[ 0 ,\n0\t, 0 ]]");
     const QByteArray json = LineFeatures(lines);
-    const std::vector<std::vector<CVector3D>> expected = ReadByQt(json);
+    const QJsonArray byQt = Features(json);
     const SZoGeoJsonLoadResult result = LoadGeoJson(&module, layer, json);
-    ASSERT_EQ(result.objects.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i)
+    ASSERT_EQ(result.objects.size(), lines.size());
+    for (std::size_t i = 0; i < lines.size(); ++i)
     {
         const std::vector<CVector3D> got = GeometryOf(result.objects[i]).front();
+        const QJsonArray want = byQt.at(static_cast<int>(i)).toObject().value("geometry").toObject().value("coordinates").toArray();
         ASSERT_EQ(got.size(), 4u);
         for (std::size_t k = 0; k < 3; ++k)
         {
-            const double want = expected[i][k].z;
-            const double have = got[k].z;
-            EXPECT_EQ(std::memcmp(&want, &have, sizeof(double)), 0)
-                << all[3 * i + k].toStdString() << ": " << have << " instead of " << want;
+            const double expected = want.at(static_cast<int>(k)).toArray().at(2).toDouble();
+            EXPECT_EQ(std::memcmp(&expected, &got[k].z, sizeof(double)), 0)
+                << all[3 * i + k].toStdString() << ": " << got[k].z << " instead of " << expected;
         }
     }
 }
@@ -278,15 +299,32 @@ TEST_F(GeoJson, OnlyPlainGeometryCoordinatesAreReadDirectly)
         EXPECT_FALSE(LoadGeoJson(&module, layer, broken).parsed);
         ASSERT_EQ(log.Messages().size(), 1u);
         EXPECT_EQ(log.Messages()[0].rfind("[CZoGeoJsonReader::Load] JSON解析失败, 偏移: " +
-                                              std::to_string(expected.offset) + " ",
-                                          0),
-                  0u)
+                                              std::to_string(expected.offset) + " ", 0), 0u)
             << log.Messages()[0];
     }
 
     // A string that looks like the reader's own placeholders stays a string.
-    log.Clear();
     const SZoGeoJsonLoadResult forged = LoadGeoJson(&module, layer, LineFeatures({R"("\u00000")", "[[1,2],[3,4]]"}));
     EXPECT_EQ(forged.objects.size(), 1u);
     EXPECT_EQ(forged.skipped, 1);
+}
+
+// The coordinate reader takes exponents of either sign itself, rather than
+// leaving their array to QJsonDocument (which reads them the same, only
+// slower), and never looks past the end of the text it is given.
+TEST(GeoJsonCoordinates, SignedExponentsAreReadAndTheTextsEndIsRespected)
+{
+    const QByteArray head = R"({"type":"FeatureCollection","features":[{"type":"Feature","geometry":{"coordinates":)";
+    CZoGeoJsonCoordinates reader;
+    const QByteArray cut = reader.Extract(head + "[[1e+2,2.5E-1]]}}]}");
+    EXPECT_EQ(cut, head + "\"\\u00000\"}}]}");
+    int root = -1;
+    ASSERT_TRUE(reader.Lookup(QString(QChar(0)) + QLatin1Char('0'), 0, &root));
+    EXPECT_EQ(reader.Value(root).at(0).at(0).toDouble(), 100.0);
+    EXPECT_EQ(reader.Value(root).at(0).at(1).toDouble(), 0.25);
+    // Text that stops at an opening bracket, with a closing one just past it.
+    const QByteArray storage = head + "[]";
+    const QByteArray open = QByteArray::fromRawData(storage.constData(), storage.size() - 1);
+    EXPECT_EQ(reader.Extract(open), open);
+    EXPECT_EQ(reader.Extract(head + "[[1,2"), head + "[[1,2");
 }

@@ -3,10 +3,11 @@
 
 #include <QGraphicsItem>
 #include <QPainter>
+#include <array>
 
-// Two dots a few pixels apart whose names overlap: with decluttering on, only
-// the label of higher priority keeps its place on the right, the other moves
-// to the left of the dots, and both dots still are drawn.
+// Dots whose names, on their right, overlap: with decluttering on, the label
+// of higher priority keeps its place and the others move round their dot
+// before any is dropped; every dot is still drawn.
 class LabelDeclutter : public ModuleFixture
 {
 protected:
@@ -14,10 +15,8 @@ protected:
     {
         ModuleFixture::SetUp();
         layer = module.CreateGraphicsLayer("towns");
-        declutter = dynamic_cast<IZoLabelDeclutter*>(layer);
+        declutter = dynamic_cast<IZoLabelDeclutter2*>(layer);
         ASSERT_NE(declutter, nullptr);
-        low = MakeDot("Lowtown", 1.0, 1.0, QColor(255, 0, 0));
-        high = MakeDot("Hightown", 1.3, 1.0, QColor(0, 0, 255));
     }
 
     IZoDotMapObject* MakeDot(const std::string& name, double x, double y, const QColor& colour)
@@ -34,84 +33,132 @@ protected:
         dot->SetInteractive(true);
         return dot;
     }
-
-    // Pixels of each colour in a frame of the scene around the two dots, from
-    // column fromX on (right of both dots from 40 on).
-    int Count(const QImage& image, QRgb colour, int fromX = 0) const
+    // Two dots three pixels apart.
+    void MakePair()
     {
-        int n = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = fromX; x < image.width(); ++x)
-                n += image.pixel(x, y) == colour;
-        return n;
+        low = MakeDot("Lowtown", 1.0, 1.0, QColor(255, 0, 0));
+        high = MakeDot("Hightown", 1.3, 1.0, QColor(0, 0, 255));
     }
-    QImage Frame()
+
+    QImage Frame(const QRectF& scene = QRectF(-20, -50, 200, 80))
     {
-        QImage image = BlankCanvas(200, 80);
+        QImage image = BlankCanvas(static_cast<int>(scene.width()), static_cast<int>(scene.height()));
         QPainter painter(&image);
-        map.Scene()->render(&painter, QRectF(image.rect()), QRectF(-20, -50, 200, 80));
+        map.Scene()->render(&painter, QRectF(image.rect()), scene);
         painter.end();
         return image.convertToFormat(QImage::Format_ARGB32);
     }
+    // Pixels of a colour in each quadrant about (cx, cy): above right, below
+    // right, above left, below left.
+    static std::array<int, 4> Quadrants(const QImage& image, QRgb colour, int cx, int cy)
+    {
+        std::array<int, 4> n{};
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixel(x, y) == colour)
+                    ++n[(x < cx ? 2 : 0) + (y < cy ? 0 : 1)];
+        return n;
+    }
+    // Pixels of a colour in the frame of a pair, and right of both dots.
+    static int All(const QImage& image, QRgb colour)
+    {
+        const std::array<int, 4> n = Quadrants(image, colour, 40, 0);
+        return n[0] + n[1] + n[2] + n[3];
+    }
+    static int Right(const QImage& image, QRgb colour) { return Quadrants(image, colour, 40, 0)[1]; }
 
     IZoGraphicsMapLayer* layer = nullptr;
-    IZoLabelDeclutter* declutter = nullptr;
+    IZoLabelDeclutter2* declutter = nullptr;
     IZoDotMapObject* low = nullptr;
     IZoDotMapObject* high = nullptr;
 };
 
 TEST_F(LabelDeclutter, TheHigherZWinsAndBothObjectsStillDrawAndHit)
 {
+    MakePair();
     high->SetZValue(500);
     declutter->SetLabelDeclutter(true);
     QImage frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(0, 0, 255), 40), 20);
-    EXPECT_EQ(Count(frame, qRgb(255, 0, 0), 40), 0);
-    EXPECT_GT(Count(frame, qRgb(255, 0, 0)), 20); // moved to the left
-    EXPECT_GT(Count(frame, qRgb(0, 160, 0)), 100); // both dots
-    // Both items still answer hit tests at their centres.
+    EXPECT_GT(Right(frame, qRgb(0, 0, 255)), 20);
+    EXPECT_EQ(Right(frame, qRgb(255, 0, 0)), 0);
+    EXPECT_GT(All(frame, qRgb(255, 0, 0)), 20);  // moved to the left
+    EXPECT_GT(All(frame, qRgb(0, 160, 0)), 100); // both dots
     EXPECT_TRUE(map.Scene()->items(low->GetQtItem()->scenePos()).contains(low->GetQtItem()));
     EXPECT_TRUE(map.Scene()->items(high->GetQtItem()->scenePos()).contains(high->GetQtItem()));
 
     // Raising the other one turns the decision round.
     low->SetZValue(600);
     frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(255, 0, 0), 40), 20);
-    EXPECT_EQ(Count(frame, qRgb(0, 0, 255), 40), 0);
+    EXPECT_GT(Right(frame, qRgb(255, 0, 0)), 20);
+    EXPECT_EQ(Right(frame, qRgb(0, 0, 255)), 0);
+
+    // Painting on a canvas keeps every label.
+    QImage canvas = BlankCanvas(256, 256);
+    QPainter painter(&canvas);
+    high->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
+    painter.end();
+    EXPECT_GT(All(canvas.convertToFormat(QImage::Format_ARGB32), qRgb(0, 0, 255)), 20);
 }
 
 TEST_F(LabelDeclutter, AmongEqualZTheLowerIdWinsAndApartBothShow)
 {
+    MakePair();
     declutter->SetLabelDeclutter(true);
     QImage frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(255, 0, 0), 40), 20); // created first
-    EXPECT_EQ(Count(frame, qRgb(0, 0, 255), 40), 0);
+    EXPECT_GT(Right(frame, qRgb(255, 0, 0)), 20); // created first
+    EXPECT_EQ(Right(frame, qRgb(0, 0, 255)), 0);
 
     high->SetPosition(CVector3D(1.0, -2.0, 0.0)); // 30 pixels lower: no overlap
     frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(255, 0, 0)), 20);
-    EXPECT_GT(Count(frame, qRgb(0, 0, 255)), 20);
+    EXPECT_GT(All(frame, qRgb(255, 0, 0)), 20);
+    EXPECT_GT(All(frame, qRgb(0, 0, 255)), 20);
 
     high->SetPosition(CVector3D(1.3, 1.0, 0.0));
     low->SetNameVisible(false); // a hidden label takes no room
-    frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(0, 0, 255)), 20);
+    EXPECT_GT(Right(Frame(), qRgb(0, 0, 255)), 20);
 
     declutter->SetLabelDeclutter(false);
     low->SetNameVisible(true);
     frame = Frame();
-    EXPECT_GT(Count(frame, qRgb(255, 0, 0)), 20);
-    EXPECT_GT(Count(frame, qRgb(0, 0, 255)), 20);
+    EXPECT_GT(Right(frame, qRgb(255, 0, 0)), 20);
+    EXPECT_GT(Right(frame, qRgb(0, 0, 255)), 20);
 }
 
-TEST_F(LabelDeclutter, CanvasPaintingKeepsEveryLabel)
+// Nine dots of radius 20 on one spot: the first keeps its own place, the
+// second goes above right, the third below right; the counts follow the
+// last frame.
+TEST_F(LabelDeclutter, LabelsTheOwnPlaceWouldDropMoveToTheDiagonalsFirst)
 {
-    high->SetZValue(500);
+    std::vector<IZoDotMapObject*> dots;
+    const QColor colours[] = {QColor(255, 0, 0), QColor(0, 0, 255), QColor(255, 0, 255)};
+    for (int i = 0; i < 9; ++i)
+    {
+        dots.push_back(MakeDot("Town" + std::to_string(i), 10.0, -10.0, i < 3 ? colours[i] : QColor(90, 90, 90)));
+        dots.back()->SetRadius(20.0);
+    }
+    EXPECT_EQ(declutter->GetPlacedLabelCount(), 0);
     declutter->SetLabelDeclutter(true);
-    Frame();
-    QImage canvas = BlankCanvas(256, 256);
-    QPainter painter(&canvas);
-    low->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_GT(Count(canvas.convertToFormat(QImage::Format_ARGB32), qRgb(255, 0, 0)), 20);
+    const QImage frame = Frame(QRectF(0, 0, 200, 200)); // the dots at its centre
+    const std::array<int, 4> own = Quadrants(frame, qRgb(255, 0, 0), 100, 100);
+    const std::array<int, 4> second = Quadrants(frame, qRgb(0, 0, 255), 100, 100);
+    const std::array<int, 4> third = Quadrants(frame, qRgb(255, 0, 255), 100, 100);
+    EXPECT_GT(own[0], 10);
+    EXPECT_GT(own[1], 10);
+    EXPECT_EQ(own[2] + own[3], 0);
+    EXPECT_GT(second[0], 20);
+    EXPECT_EQ(second[1] + second[2] + second[3], 0);
+    EXPECT_GT(third[1], 20);
+    EXPECT_EQ(third[0] + third[2] + third[3], 0);
+    // Own place, four diagonals and the left; above, below and right collide.
+    EXPECT_EQ(declutter->GetPlacedLabelCount(), 6);
+    EXPECT_EQ(declutter->GetDroppedLabelCount(), 3);
+
+    dots[8]->SetPosition(CVector3D(2.0, -2.0, 0.0)); // alone in a corner
+    dots[7]->SetNameVisible(false);                   // counted nowhere
+    Frame(QRectF(0, 0, 200, 200));
+    EXPECT_EQ(declutter->GetPlacedLabelCount(), 7);
+    EXPECT_EQ(declutter->GetDroppedLabelCount(), 1);
+    declutter->SetLabelDeclutter(false);
+    EXPECT_EQ(declutter->GetPlacedLabelCount(), 0);
+    EXPECT_EQ(declutter->GetDroppedLabelCount(), 0);
 }

@@ -24,6 +24,13 @@ int CountOf(const std::vector<std::string>& messages, const std::string& text)
     return static_cast<int>(std::count(messages.begin(), messages.end(), text));
 }
 
+template <class Kind>
+Kind* Embedding(Kind* object, QWidget* widget)
+{
+    object->SetWidget(widget);
+    return object;
+}
+
 // Deletions Qt could not do while it was still delivering an event.
 void RunDeferredDeletes()
 {
@@ -81,24 +88,13 @@ protected:
 TEST_F(HostLifetimes, ButtonInAnEmbeddedWidgetDestroysItsOwnObject)
 {
     ShowView();
-    const std::vector<std::function<IZoGraphicsMapObject*(QWidget*)>> makers{
-        [this](QWidget* w) {
-            IZoWidgetMapObject* o = module.CreateWidgetMapObject("panel", nullptr);
-            o->SetWidget(w);
-            o->SetPosition(CVector3D(0.0, 0.0, 0.0));
-            return o;
-        },
-        [this](QWidget* w) {
-            IZoBubbleMapObject* o = module.CreateBubbleMapObject("bubble", nullptr);
-            o->SetWidget(w);
-            o->SetPosition(CVector3D(0.0, 0.0, 0.0));
-            return o;
-        }};
-    for (const auto& make : makers)
+    for (const bool bubble : {false, true})
     {
         auto button = std::make_unique<QPushButton>(QStringLiteral("close"));
         button->resize(80, 30);
-        IZoGraphicsMapObject* object = make(button.get());
+        IZoGraphicsMapObject* object =
+            bubble ? static_cast<IZoGraphicsMapObject*>(Embedding(module.CreateBubbleMapObject("b", nullptr), button.get()))
+                   : Embedding(module.CreateWidgetMapObject("w", nullptr), button.get());
         object->SetInteractive(true);
         const int id = object->GetObjectID();
         int clicks = 0;
