@@ -12,6 +12,8 @@
 
 #include <QGraphicsItem>
 #include <QGraphicsScene>
+#include <QPaintDevice>
+#include <QPainter>
 #include <QPainterPath>
 #include <QStyleOptionGraphicsItem>
 #include <algorithm>
@@ -496,11 +498,26 @@ void CZoGraphicsMapLayer::ForgetPlacedLabels()
 
 void CZoGraphicsMapLayer::PaintLabels(QPainter* painter, const QRectF& exposed)
 {
+    if (!painter)
+        return;
     ArrangeLabels();
+    // A scene rendered into an image exposes all of an item: what the device
+    // or the clip shows is what needs drawing.
+    QRectF visible = exposed;
+    bool invertible = false;
+    const QTransform toScene = painter->worldTransform().inverted(&invertible);
+    QRectF shown;
+    if (painter->hasClipping())
+        shown = painter->clipBoundingRect();
+    else if (invertible && painter->device())
+        shown = toScene.mapRect(QRectF(0.0, 0.0, painter->device()->width(), painter->device()->height()));
+    if (!shown.isNull())
+        visible = exposed.isNull() ? shown : exposed & shown;
+    const bool all = exposed.isNull() && shown.isNull();
     CZoLockGuard guard(m_lock);
     for (const SPlacedLabel& placed : m_placedLabels)
     {
-        if (exposed.isNull() || placed.box.intersects(exposed))
+        if (all || placed.box.intersects(visible))
             placed.core->PaintLabelAbove(painter);
     }
 }
