@@ -495,14 +495,16 @@ void CZoMapObjectCore::RemoveFromScene()
     InvalidateLabels();
     if (m_item && m_inScene)
     {
+        // Out of the scene first: the item is switched off without the
+        // scene's bookkeeping for each switch, and removeItem repaints
+        // where the item was.
         QGraphicsItem* item = m_item->GraphicsItem();
-        m_item->NotifyGeometryChange();
+        if (QGraphicsScene* scene = item->scene())
+            scene->removeItem(item);
         item->setVisible(false);
         item->setEnabled(false);
         item->setAcceptHoverEvents(false);
         item->setAcceptedMouseButtons(Qt::NoButton);
-        if (QGraphicsScene* scene = item->scene())
-            scene->removeItem(item);
     }
     m_inScene = false;
 }
