@@ -19,7 +19,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
 #include <unordered_map>
 
 namespace
@@ -242,20 +241,7 @@ bool CZoGraphicsMapLayer::DestroyAllMapObjects()
         m_walkStale = true;
         ForgetPlacedLabels();
     }
-    // In the order of their items' addresses: a scene without an index keeps
-    // its items sorted by address, and taking each from the front of that
-    // list spares moving the rest.
-    std::vector<std::pair<const QGraphicsItem*, IZoGraphicsMapObject*>> order;
-    order.reserve(objects.size());
     for (const auto& entry : objects)
-    {
-        const CZoMapObjectCore* core = ZoObjectCore(entry.second);
-        order.emplace_back(core ? core->GetQtItem() : nullptr, entry.second);
-    }
-    std::stable_sort(order.begin(), order.end(), [](const auto& a, const auto& b) {
-        return std::less<const QGraphicsItem*>()(a.first, b.first);
-    });
-    for (const auto& entry : order)
         m_graphicsModule->DestroyGraphicsMapObject(entry.second);
     return true;
 }
