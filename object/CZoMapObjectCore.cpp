@@ -495,10 +495,11 @@ void CZoMapObjectCore::RemoveFromScene()
     InvalidateLabels();
     if (m_item && m_inScene)
     {
-        // Out of the scene first: the item is switched off without the
-        // scene's bookkeeping for each switch, and removeItem repaints
-        // where the item was.
+        // Announced first, so that an index forgets the item under the
+        // bounds it holds it by; out of the scene next, so that the item is
+        // switched off without the scene's bookkeeping for each switch.
         QGraphicsItem* item = m_item->GraphicsItem();
+        m_item->NotifyGeometryChange();
         if (QGraphicsScene* scene = item->scene())
             scene->removeItem(item);
         item->setVisible(false);
