@@ -1,5 +1,6 @@
 #include "support/BenchRatios.h"
 #include "support/BenchStatistics.h"
+#include "support/HeapCounter.h"
 
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
@@ -7,6 +8,7 @@
 #include <QCoreApplication>
 #include <QGraphicsEllipseItem>
 #include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
 #include <QImage>
 #include <QPainter>
 #include <benchmark/benchmark.h>
@@ -21,6 +23,7 @@ namespace
 {
 constexpr std::uint64_t kTrackSeed = 20261125;
 constexpr int kTracks = 100000;
+constexpr int kManyTracks = 1000000;
 constexpr double kWorldZoom = 2.0;
 constexpr double kTrackZoom = 6.0;
 constexpr double kTrackLon = 15.0;
@@ -66,16 +69,17 @@ void RenderTrackFrame(QGraphicsScene* scene, const QRectF& source, QImage& image
 class PlainTracks
 {
 public:
-    explicit PlainTracks(double zoom)
+    explicit PlainTracks(double zoom, int count = kTracks, bool hover = false) : m_count(count)
     {
         m_map.SetZoomAround(zoom, kTrackLon, kTrackLat);
         m_map.GetScene()->setItemIndexMethod(QGraphicsScene::NoIndex);
         int i = 0;
-        for (const QPointF& fix : Fixes(kTracks, 0))
+        for (const QPointF& fix : Fixes(count, 0))
         {
             auto* item = new QGraphicsEllipseItem(-4.0, -4.0, 8.0, 8.0); // owned by the scene
             item->setPen(QPen(QColor(0, 0, 255), 1.0));
             item->setBrush(QColor(139, 139, 139, 50));
+            item->setAcceptHoverEvents(hover);
             m_map.GetScene()->addItem(item);
             m_items.push_back(item);
             m_names.push_back(TrackName(i++));
@@ -90,7 +94,7 @@ public:
     // Every item to its fix's scene position at the map's zoom.
     void MoveTo(int which)
     {
-        const std::vector<QPointF> fixes = Fixes(kTracks, which);
+        const std::vector<QPointF> fixes = Fixes(m_count, which);
         for (size_t i = 0; i < m_items.size(); ++i)
             Place(i, fixes[i]);
     }
@@ -124,6 +128,7 @@ private:
         m_items[i]->setPos(at);
     }
 
+    int m_count;
     CZoMapModule m_map;
     std::vector<QGraphicsEllipseItem*> m_items;
     std::vector<QString> m_names;
@@ -178,24 +183,29 @@ BENCHMARK(BM_Floor_TrackDestroy)->Unit(benchmark::kMillisecond)->Apply(ZoBench::
 
 // --- ours ----------------------------------------------------------------------
 
-// The host's scene keeps Qt's default index, as hosts do today.
+// The reference host's scene has no index; qtIndex gives it Qt's default one
+// back, as hosts of their own may keep.
 class DotTracks
 {
 public:
-    explicit DotTracks(double zoom)
+    explicit DotTracks(double zoom, int count = kTracks, bool interactive = false, bool qtIndex = false)
+        : m_count(count)
     {
+        if (qtIndex)
+            m_map.GetScene()->setItemIndexMethod(QGraphicsScene::BspTreeIndex);
         m_map.SetZoomAround(zoom, kTrackLon, kTrackLat);
         m_graphics.Initialise("tracks", &m_map);
         m_layer = m_graphics.CreateGraphicsLayer("tracks");
         if (auto* declutter = dynamic_cast<IZoLabelDeclutter*>(m_layer))
             declutter->SetLabelDeclutter(true);
         int i = 0;
-        for (const QPointF& fix : Fixes(kTracks, 0))
+        for (const QPointF& fix : Fixes(count, 0))
         {
             IZoDotMapObject* dot = m_graphics.CreateDotMapObject(TrackName(i++).toStdString(), m_layer);
             dot->SetRadius(4.0);
             dot->SetPosition(CVector3D(fix.x(), fix.y(), 0.0));
             dot->SetNameVisible(true);
+            dot->SetInteractive(interactive);
             m_dots.push_back(dot);
         }
         QCoreApplication::processEvents();
@@ -206,7 +216,7 @@ public:
 
     void MoveTo(int which)
     {
-        const std::vector<QPointF> fixes = Fixes(kTracks, which);
+        const std::vector<QPointF> fixes = Fixes(m_count, which);
         for (size_t i = 0; i < m_dots.size(); ++i)
             m_dots[i]->SetPosition(CVector3D(fixes[i].x(), fixes[i].y(), 0.0));
     }
@@ -220,10 +230,19 @@ public:
     IZoGraphicsMapLayer* Layer() { return m_layer; }
 
 private:
+    int m_count;
     CZoMapModule m_map;
     CZoGraphicsModule m_graphics;
     IZoGraphicsMapLayer* m_layer = nullptr;
     std::vector<IZoDotMapObject*> m_dots;
+};
+
+struct DotTracksQtIndex : DotTracks
+{
+    explicit DotTracksQtIndex(double zoom, int count = kTracks, bool interactive = false)
+        : DotTracks(zoom, count, interactive, true)
+    {
+    }
 };
 
 void CountLabels(benchmark::State& state, IZoGraphicsMapLayer* layer)
@@ -235,9 +254,10 @@ void CountLabels(benchmark::State& state, IZoGraphicsMapLayer* layer)
     }
 }
 
-void BM_TrackMoveFrame(benchmark::State& state)
+template <class Tracks>
+void TrackMoveFrame(benchmark::State& state)
 {
-    DotTracks tracks(kTrackZoom);
+    Tracks tracks(kTrackZoom);
     QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
     tracks.Frame(image);
     int which = 0;
@@ -249,11 +269,15 @@ void BM_TrackMoveFrame(benchmark::State& state)
     }
     CountLabels(state, tracks.Layer());
 }
-BENCHMARK(BM_TrackMoveFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackMoveFrame, DotTracks)
+    ->Name("BM_TrackMoveFrame")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackMoveFrame, DotTracksQtIndex)
+    ->Name("BM_TrackMoveFrame_QtIndex")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
-void BM_TrackZoomFrame(benchmark::State& state)
+template <class Tracks>
+void TrackZoomFrame(benchmark::State& state)
 {
-    DotTracks tracks(kWorldZoom);
+    Tracks tracks(kWorldZoom);
     QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state)
     {
@@ -267,14 +291,18 @@ void BM_TrackZoomFrame(benchmark::State& state)
     }
     CountLabels(state, tracks.Layer());
 }
-BENCHMARK(BM_TrackZoomFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackZoomFrame, DotTracks)
+    ->Name("BM_TrackZoomFrame")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackZoomFrame, DotTracksQtIndex)
+    ->Name("BM_TrackZoomFrame_QtIndex")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
-void BM_TrackDestroy(benchmark::State& state)
+template <class Tracks>
+void TrackDestroy(benchmark::State& state)
 {
     for (auto _ : state)
     {
         state.PauseTiming();
-        auto tracks = std::make_unique<DotTracks>(kTrackZoom);
+        auto tracks = std::make_unique<Tracks>(kTrackZoom);
         state.ResumeTiming();
         tracks->Destroy();
         state.PauseTiming();
@@ -282,7 +310,107 @@ void BM_TrackDestroy(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(BM_TrackDestroy)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackDestroy, DotTracks)
+    ->Name("BM_TrackDestroy")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackDestroy, DotTracksQtIndex)
+    ->Name("BM_TrackDestroy_QtIndex")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+// --- a million dots, heap, hover ------------------------------------------------
+
+// Zoom from level 5 to 6 and the first frame, a million dots: the floor moves
+// its items to their places at the new zoom, as a host does.
+void BM_Floor_MillionZoomFrame(benchmark::State& state)
+{
+    PlainTracks tracks(5.0, kManyTracks);
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        tracks.Map().SetZoomAround(5.0, kTrackLon, kTrackLat);
+        tracks.MoveTo(0);
+        tracks.Frame(image);
+        state.ResumeTiming();
+        tracks.Map().SetZoomAround(kTrackZoom, kTrackLon, kTrackLat);
+        tracks.MoveTo(0);
+        tracks.Frame(image);
+    }
+}
+BENCHMARK(BM_Floor_MillionZoomFrame)->Unit(benchmark::kMillisecond)->Iterations(2)->Apply(ZoBench::ReportMinimum);
+
+void BM_MillionZoomFrame(benchmark::State& state)
+{
+    DotTracks tracks(5.0, kManyTracks);
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        tracks.Map().SetZoomAround(5.0, kTrackLon, kTrackLat);
+        tracks.Frame(image);
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+        tracks.Map().SetZoomAround(kTrackZoom, kTrackLon, kTrackLat);
+        tracks.Frame(image);
+    }
+}
+BENCHMARK(BM_MillionZoomFrame)->Unit(benchmark::kMillisecond)->Iterations(2)->Apply(ZoBench::ReportMinimum);
+
+// C heap live per labelled dot once the dots are made and a frame is drawn.
+template <class Tracks>
+void HeapPerDot(benchmark::State& state)
+{
+    QImage image(kTrackFrame, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state)
+    {
+        const std::size_t before = MallocLiveBytes();
+        auto tracks = std::make_unique<Tracks>(kTrackZoom);
+        tracks->Frame(image);
+        state.counters["heap_B_per_dot"] = double(MallocLiveBytes() - before) / kTracks;
+        state.PauseTiming();
+        tracks.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK_TEMPLATE(HeapPerDot, PlainTracks)->Name("BM_Floor_TrackHeap")->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK_TEMPLATE(HeapPerDot, DotTracks)->Name("BM_TrackHeap")->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// One mouse move without buttons over a dot of the frame, right after every
+// dot moved: what the scene does to find the item under the cursor.
+template <class Tracks>
+void HoverAmongMoving(benchmark::State& state)
+{
+    Tracks tracks(kTrackZoom, kTracks, true);
+    QGraphicsScene* scene = tracks.Map().GetScene();
+    const std::vector<QPointF> fixes = Fixes(kTracks, 0);
+    std::vector<QPointF> targets; // scene points of dots in the frame, where they are after MoveTo(0)
+    const QRectF source = TrackSource(tracks.Map());
+    for (const QPointF& fix : fixes)
+    {
+        QPointF at;
+        tracks.Map().GeoToScenePoint(fix.x(), fix.y(), &at);
+        if (source.contains(at) && targets.size() < 64)
+            targets.push_back(at);
+    }
+    size_t n = 0;
+    int which = 0;
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        which = 1 - which;
+        tracks.MoveTo(which);
+        tracks.MoveTo(0);
+        state.ResumeTiming();
+        QGraphicsSceneMouseEvent move(QEvent::GraphicsSceneMouseMove);
+        move.setScenePos(targets[n++ % targets.size()]);
+        move.setButtons(Qt::NoButton);
+        QCoreApplication::sendEvent(scene, &move);
+    }
+}
+BENCHMARK_TEMPLATE(HoverAmongMoving, PlainTracks)
+    ->Name("BM_Floor_TrackHover")->Unit(benchmark::kMicrosecond)->Iterations(10)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(HoverAmongMoving, DotTracks)
+    ->Name("BM_TrackHover")->Unit(benchmark::kMicrosecond)->Iterations(10)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(HoverAmongMoving, DotTracksQtIndex)
+    ->Name("BM_TrackHover_QtIndex")->Unit(benchmark::kMicrosecond)->Iterations(10)->Apply(ZoBench::ReportMinimum);
 
 const bool kTrackRatios[] = {
     ZoBench::AddRatio("move 100,000 labelled dots, frame at level 6 / plain items, no index",
@@ -291,5 +419,7 @@ const bool kTrackRatios[] = {
                       "BM_TrackZoomFrame", "BM_Floor_TrackZoomFrame", 1.5),
     ZoBench::AddRatio("destroy 100,000 labelled dots through the layer / plain items", "BM_TrackDestroy",
                       "BM_Floor_TrackDestroy", 2.0),
+    ZoBench::AddRatio("a million dots, zoom level 5 to 6, first frame / plain items, no index",
+                      "BM_MillionZoomFrame", "BM_Floor_MillionZoomFrame", 1.5),
 };
 } // namespace

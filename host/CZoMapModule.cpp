@@ -26,6 +26,10 @@ CZoMapModule::CZoMapModule(QObject* parent)
     : QObject(parent), m_scene(new QGraphicsScene(this)), m_eventObject(new QObject(this))
 {
     m_eventObject->setObjectName(QStringLiteral("ZoMapEventObject"));
+    // Map objects move with every feed update and every zoom: Qt's BSP index
+    // would take each one out and put it back, most of the cost of a frame
+    // (bench/README.md). A scene without an index draws the same frames.
+    m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
 }
 
 CZoMapModule::~CZoMapModule() = default;

@@ -1,5 +1,6 @@
 #include "layer/CZoGraphicsMapLayer.h"
 
+#include "object/CZoGeoPixels.h"
 #include "object/CZoMapObjectCore.h"
 #include "object/IZoMapObjectInternal.h"
 #include "object/ZoLogText.h"
@@ -10,6 +11,11 @@
 #include <ZoGraphics/ZoCoreUtility.h>
 
 #include <QGraphicsItem>
+#include <QGraphicsScene>
+#include <QPaintDevice>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOptionGraphicsItem>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -18,13 +24,56 @@
 namespace
 {
 constexpr const char* kClassName = "CZoGraphicsMapLayer";
-}
+// How far past the world's edges, in screen pixels, a label may reach.
+constexpr double kLabelReach = 2048.0;
+} // namespace
+
+// The layer's labels, drawn in one item above the layer's objects. It shows
+// nothing to hit tests, hover or the mouse: those belong to the objects.
+class CZoLayerLabelItem final : public QGraphicsItem
+{
+public:
+    explicit CZoLayerLabelItem(CZoGraphicsMapLayer& layer) : m_layer(&layer)
+    {
+        setFlag(ItemUsesExtendedStyleOption);
+        setAcceptedMouseButtons(Qt::NoButton);
+        setEnabled(false);
+    }
+    ~CZoLayerLabelItem() override
+    {
+        if (m_layer)
+            m_layer->ForgetLabelItem();
+    }
+    Q_DISABLE_COPY(CZoLayerLabelItem)
+
+    void ForgetLayer() { m_layer = nullptr; }
+    void SetBounds(const QRectF& bounds)
+    {
+        if (bounds == m_bounds)
+            return;
+        prepareGeometryChange();
+        m_bounds = bounds;
+    }
+    QRectF boundingRect() const override { return m_bounds; }
+    QPainterPath shape() const override { return QPainterPath(); }
+    bool contains(const QPointF&) const override { return false; }
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*) override
+    {
+        if (m_layer)
+            m_layer->PaintLabels(painter, option ? option->exposedRect : QRectF());
+    }
+
+private:
+    CZoGraphicsMapLayer* m_layer;
+    QRectF m_bounds;
+};
 
 CZoGraphicsMapLayer::CZoGraphicsMapLayer() = default;
 // The module's teardown deletes layers without uninitialising them; a layer
 // must not stay behind in the map module's handler list once it is gone.
 CZoGraphicsMapLayer::~CZoGraphicsMapLayer()
 {
+    DropLabelItem();
     if (m_mapModule)
         m_mapModule->UnregisterEventHandler(static_cast<IZoMapEventHandler*>(this));
 }
@@ -45,6 +94,7 @@ bool CZoGraphicsMapLayer::Initialise(const std::string& name, IZoMapModule* mapM
     if (m_nameObserver)
         m_nameObserver->OnLayerRenamed(*this, oldName, m_name);
     m_mapModule->RegisterEventHandler(static_cast<IZoMapEventHandler*>(this), 0);
+    UpdateLabelItem();
     return true;
 }
 
@@ -56,7 +106,9 @@ void CZoGraphicsMapLayer::Unintialise()
         CZoLockGuard guard(m_lock);
         m_objects.clear();
         m_walkStale = true;
+        ForgetPlacedLabels();
     }
+    DropLabelItem();
     m_mapModule = nullptr;
 }
 
@@ -111,6 +163,8 @@ void CZoGraphicsMapLayer::SetVisible(bool visible)
 void CZoGraphicsMapLayer::SetZValue(int z)
 {
     m_zValue = z;
+    m_labelZ = z;
+    UpdateLabelItem();
     ForEachObject([z](IZoGraphicsMapObject* object) { object->SetZValue(z); });
 }
 
@@ -157,7 +211,7 @@ bool CZoGraphicsMapLayer::DetachMapObject(IZoGraphicsMapObject* object)
         return true;
     m_objects.erase(found);
     m_walkStale = true;
-    m_labelsDirty = true;
+    ForgetPlacedLabels();
     guard.Unlock();
     object->RemoveFromScene();
     return true;
@@ -170,6 +224,7 @@ bool CZoGraphicsMapLayer::DetachAllMapObjects()
         entry.second->RemoveFromScene();
     m_objects.clear();
     m_walkStale = true;
+    ForgetPlacedLabels();
     return true;
 }
 
@@ -184,6 +239,7 @@ bool CZoGraphicsMapLayer::DestroyAllMapObjects()
         CZoLockGuard guard(m_lock);
         objects.swap(m_objects);
         m_walkStale = true;
+        ForgetPlacedLabels();
     }
     for (const auto& entry : objects)
         m_graphicsModule->DestroyGraphicsMapObject(entry.second);
@@ -218,6 +274,7 @@ bool CZoGraphicsMapLayer::OnLodLevelChanged(int lod)
 bool CZoGraphicsMapLayer::OnViewScaleChanged(double scale)
 {
     ForEachObject([scale](IZoGraphicsMapObject* object) { object->SetResolution(scale); });
+    UpdateLabelItem();
     return false;
 }
 
@@ -229,6 +286,7 @@ bool CZoGraphicsMapLayer::OnViewChanged()
     const bool labelsDirty = m_labelsDirty;
     ForEachObject([](IZoGraphicsMapObject* object) { object->UpdatePosition(); });
     m_labelsDirty = labelsDirty;
+    UpdateLabelItem();
     return false;
 }
 
@@ -237,6 +295,7 @@ bool CZoGraphicsMapLayer::OnViewMoved()
     const bool labelsDirty = m_labelsDirty;
     ForEachObject([](IZoGraphicsMapObject* object) { object->UpdatePosition(); });
     m_labelsDirty = labelsDirty;
+    UpdateLabelItem();
     return false;
 }
 
@@ -245,7 +304,8 @@ void CZoGraphicsMapLayer::SetLabelDeclutter(bool enabled)
     if (enabled == m_declutter)
         return;
     m_declutter = enabled;
-    m_labelsDirty = true;
+    ForgetPlacedLabels();
+    UpdateLabelItem();
     m_labelsPlaced = 0;
     m_labelsDropped = 0;
     ForEachObject([](IZoGraphicsMapObject* object) {
@@ -338,6 +398,8 @@ void CZoGraphicsMapLayer::ArrangeLabels()
         return;
     CZoLockGuard guard(m_lock);
     m_labelsDirty = false;
+    m_placedLabels.clear();
+    const bool drawnAbove = DrawsLabelsAbove();
     const int lod = m_mapModule->GetCurrentLodLevel();
     const double viewScale = m_mapModule->GetViewScale();
     if (!(viewScale > 0.0) || !std::isfinite(viewScale))
@@ -379,6 +441,8 @@ void CZoGraphicsMapLayer::ArrangeLabels()
             if (placed.Overlaps(box))
                 continue;
             placed.Place(box);
+            if (drawnAbove)
+                m_placedLabels.push_back({candidate.core, QRectF(box.topLeft() / viewScale, box.size() / viewScale)});
             hidden = false;
             // As the object keeps it, so that an unchanged decision repaints nothing.
             shift = QPointF(static_cast<float>(place.left() - candidate.own.left()),
@@ -390,8 +454,121 @@ void CZoGraphicsMapLayer::ArrangeLabels()
         {
             candidate.core->SetLabelDecluttered(hidden);
             candidate.core->SetLabelShift(shift);
-            // Drawn elsewhere with the old decision: paint it again.
-            candidate.core->Update();
+            // Drawn elsewhere with the old decision: paint it again. The
+            // layer's own label item is being painted now.
+            if (!drawnAbove)
+                candidate.core->Update();
         }
     }
+}
+
+bool CZoGraphicsMapLayer::DrawsLabelsAbove() const
+{
+    return m_declutter && m_labelItem && m_labelItem->scene();
+}
+
+void CZoGraphicsMapLayer::InvalidateLabels()
+{
+    if (m_labelsDirty)
+        return;
+    m_labelsDirty = true;
+    RepaintLabels();
+}
+
+void CZoGraphicsMapLayer::RepaintLabels()
+{
+    if (m_labelItem)
+        m_labelItem->update();
+}
+
+void CZoGraphicsMapLayer::NoteObjectZValue(int z)
+{
+    if (z <= m_labelZ)
+        return;
+    m_labelZ = z;
+    if (m_labelItem)
+        m_labelItem->setZValue(m_labelZ + 0.5);
+}
+
+void CZoGraphicsMapLayer::ForgetPlacedLabels()
+{
+    m_placedLabels.clear();
+    InvalidateLabels();
+}
+
+void CZoGraphicsMapLayer::PaintLabels(QPainter* painter, const QRectF& exposed)
+{
+    if (!painter)
+        return;
+    ArrangeLabels();
+    // A scene rendered into an image exposes all of an item: what the device
+    // or the clip shows is what needs drawing.
+    QRectF visible = exposed;
+    bool invertible = false;
+    const QTransform toScene = painter->worldTransform().inverted(&invertible);
+    QRectF shown;
+    if (painter->hasClipping())
+        shown = painter->clipBoundingRect();
+    else if (invertible && painter->device())
+        shown = toScene.mapRect(QRectF(0.0, 0.0, painter->device()->width(), painter->device()->height()));
+    if (!shown.isNull())
+        visible = exposed.isNull() ? shown : exposed & shown;
+    const bool all = exposed.isNull() && shown.isNull();
+    CZoLockGuard guard(m_lock);
+    for (const SPlacedLabel& placed : m_placedLabels)
+    {
+        if (all || placed.box.intersects(visible))
+            placed.core->PaintLabelAbove(painter);
+    }
+}
+
+void CZoGraphicsMapLayer::ForgetLabelItem()
+{
+    static_cast<void>(m_labelItem.release());
+}
+
+void CZoGraphicsMapLayer::DropLabelItem()
+{
+    const std::unique_ptr<CZoLayerLabelItem> item = std::move(m_labelItem);
+    if (!item)
+        return;
+    item->ForgetLayer();
+    if (QGraphicsScene* scene = item->scene())
+        scene->removeItem(item.get());
+}
+
+void CZoGraphicsMapLayer::UpdateLabelItem()
+{
+    QGraphicsScene* scene = m_declutter && m_mapModule ? m_mapModule->GetScene() : nullptr;
+    if (!scene)
+    {
+        DropLabelItem();
+        return;
+    }
+    if (!m_labelItem)
+        m_labelItem = std::make_unique<CZoLayerLabelItem>(*this);
+    if (m_labelItem->scene() != scene)
+    {
+        if (QGraphicsScene* old = m_labelItem->scene())
+            old->removeItem(m_labelItem.get());
+        scene->addItem(m_labelItem.get());
+    }
+    m_labelItem->setZValue(m_labelZ + 0.5);
+    // The world at the current view, once more on either side for what lies
+    // across the antimeridian, and as far again as a label may reach.
+    const CZoGeoPixels geo(m_mapModule);
+    QPointF west;
+    QPointF east;
+    if (!geo.Point(-180.0, 0.0, &west) || !geo.Point(180.0, 0.0, &east))
+        return;
+    const double world = geo.WorldWidth();
+    const double top = geo.PoleY(true);
+    const double bottom = geo.PoleY(false);
+    const double viewScale = m_mapModule->GetViewScale();
+    const double reach = kLabelReach / (viewScale > 0.0 && std::isfinite(viewScale) ? viewScale : 1.0);
+    const QRectF bounds = QRectF(QPointF(std::min(west.x(), east.x()) - world, std::min(top, bottom)),
+                                 QPointF(std::max(west.x(), east.x()) + world, std::max(top, bottom)))
+                              .adjusted(-reach, -reach, reach, reach);
+    if (std::isfinite(bounds.width()) && std::isfinite(bounds.height()))
+        m_labelItem->SetBounds(bounds);
 }

@@ -8,8 +8,14 @@
 #include <ZoGraphics/IZoLabelDeclutter.h>
 #include <ZoGraphics/IZoMapEventHandler.h>
 
+#include <QRectF>
 #include <map>
+#include <memory>
 #include <vector>
+
+class CZoMapObjectCore;
+class CZoLayerLabelItem;
+class QPainter;
 
 // A layer of map objects. It refers to its objects without owning them, adds
 // its visibility and LOD ranges on top of theirs, and passes the host map's
@@ -86,8 +92,17 @@ public:
     int GetPlacedLabelCount() const override { return m_labelsPlaced; }
     int GetDroppedLabelCount() const override { return m_labelsDropped; }
     bool IsArrangingLabels() const override { return m_declutter; }
-    void InvalidateLabels() override { m_labelsDirty = true; }
     void ArrangeLabels() override;
+    bool DrawsLabelsAbove() const override;
+    void RepaintLabels() override;
+    void NoteObjectZValue(int z) override;
+    void InvalidateLabels() override;
+
+    // Draws the labels placed by the last decision that meet exposed (scene
+    // coordinates), deciding anew first if needed.
+    void PaintLabels(QPainter* painter, const QRectF& exposed);
+    // The scene deleted the label item (it went before the layer).
+    void ForgetLabelItem();
 
     bool OnLodLevelChanged(int lod) override;
     bool OnViewScaleChanged(double scale) override;
@@ -101,6 +116,19 @@ private:
     template <class F>
     void ForEachObject(F f);
     const std::vector<IZoGraphicsMapObject*>& WalkLocked() const;
+    // While decluttering in a scene, the layer's labels are drawn by an item
+    // of their own, above every object of the layer; it covers the world.
+    void UpdateLabelItem();
+    void DropLabelItem();
+    // The labels the last decision placed: forgotten whenever an object may
+    // have left, so that no label of a destroyed object is drawn.
+    void ForgetPlacedLabels();
+
+    struct SPlacedLabel
+    {
+        CZoMapObjectCore* core;
+        QRectF box; // scene coordinates, halo included
+    };
 
 
     std::string m_uuid;
@@ -130,4 +158,7 @@ private:
     bool m_labelsDirty = true;
     int m_labelsPlaced = 0;
     int m_labelsDropped = 0;
+    std::vector<SPlacedLabel> m_placedLabels;
+    std::unique_ptr<CZoLayerLabelItem> m_labelItem;
+    int m_labelZ = m_zValue; // the highest z value of the layer's objects
 };

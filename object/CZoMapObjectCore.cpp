@@ -298,6 +298,8 @@ void CZoMapObjectCore::SetZValue(int z)
     if (z != m_zValue)
         InvalidateLabels();
     m_zValue = z;
+    if (m_labelArranger)
+        m_labelArranger->NoteObjectZValue(z);
     if (m_item)
         m_item->GraphicsItem()->setZValue(z);
 }
@@ -493,14 +495,17 @@ void CZoMapObjectCore::RemoveFromScene()
     InvalidateLabels();
     if (m_item && m_inScene)
     {
+        // Announced first, so that an index forgets the item under the
+        // bounds it holds it by; out of the scene next, so that the item is
+        // switched off without the scene's bookkeeping for each switch.
         QGraphicsItem* item = m_item->GraphicsItem();
         m_item->NotifyGeometryChange();
+        if (QGraphicsScene* scene = item->scene())
+            scene->removeItem(item);
         item->setVisible(false);
         item->setEnabled(false);
         item->setAcceptHoverEvents(false);
         item->setAcceptedMouseButtons(Qt::NoButton);
-        if (QGraphicsScene* scene = item->scene())
-            scene->removeItem(item);
     }
     m_inScene = false;
 }
@@ -542,6 +547,8 @@ void CZoMapObjectCore::Update()
         return;
     if (m_item)
         m_item->Repaint();
+    if (m_labelArranger && m_labelArranger->DrawsLabelsAbove())
+        m_labelArranger->RepaintLabels();
 }
 
 bool CZoMapObjectCore::IsSuppressed() const
@@ -632,13 +639,35 @@ void CZoMapObjectCore::PaintName(QPainter* painter, const CZoNameLabel& label, d
     const bool arranged = &label == &m_label && m_labelArranger && m_labelArranger->IsArrangingLabels();
     if (arranged)
     {
+        // Drawn by the layer, above every object of it (PaintLabelAbove).
+        if (m_labelArranger->DrawsLabelsAbove())
+            return;
         m_labelArranger->ArrangeLabels();
         if (m_labelDecluttered)
             return;
     }
+    DrawLabel(painter, label, s, arranged);
+}
+
+void CZoMapObjectCore::PaintLabelAbove(QPainter* painter) const
+{
+    if (!painter || !m_item || IsSuppressed() || !m_label.IsShownAt(CurrentLod(), m_graphicsLayer))
+        return;
+    QGraphicsItem* item = m_item->GraphicsItem();
+    painter->save();
+    painter->setTransform(item->sceneTransform(), true);
+    const double angle = m_item->LabelAngle();
+    if (angle != 0.0)
+        painter->rotate(angle);
+    DrawLabel(painter, m_label, m_pixelScale, true);
+    painter->restore();
+}
+
+void CZoMapObjectCore::DrawLabel(QPainter* painter, const CZoNameLabel& label, double s, bool shifted) const
+{
     painter->save();
     painter->scale(s, s);
-    if (arranged && (m_labelShiftX != 0.0f || m_labelShiftY != 0.0f))
+    if (shifted && (m_labelShiftX != 0.0f || m_labelShiftY != 0.0f))
         painter->translate(m_labelShiftX, m_labelShiftY);
     label.Draw(painter);
     painter->restore();

@@ -177,9 +177,15 @@ public:
     // is scaled by s first, so the label keeps its on-screen size. Every
     // kind's paint goes through here, whatever label record it draws.
     void PaintName(QPainter* painter, const CZoNameLabel& label, double s, int lod) const;
+    // Draws the object's own label where the layer's decision puts it, for a
+    // layer that draws its labels above its objects: the painter maps scene
+    // coordinates.
+    void PaintLabelAbove(QPainter* painter) const;
 
 private:
     void ApplyInteractive();
+    // The label at pixel scale s, moved by the layer's shift when shifted.
+    void DrawLabel(QPainter* painter, const CZoNameLabel& label, double s, bool shifted) const;
     // Lets go of the item, now or, while Qt delivers an item event, later.
     void DisposeItem();
 

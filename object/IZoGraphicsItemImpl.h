@@ -31,6 +31,9 @@ public:
     {
         PaintOnCanvas(painter, canvas.Level());
     }
+    // Degrees the item turns its name label by about the anchor, for those
+    // who draw the label in its stead.
+    virtual double LabelAngle() const { return 0.0; }
     // The object is letting go of its item: the item, which may live on for
     // a while (see ZoDisposeItem), must not reach the object again.
     virtual void ForgetOwner() {}

@@ -11,6 +11,13 @@ public:
     virtual void InvalidateLabels() = 0;
     // Decides anew if needed; each object learns whether its label is drawn.
     virtual void ArrangeLabels() = 0;
+    // Whether the layer draws its objects' labels itself, above all of its
+    // objects: the objects' items then leave their own labels out.
+    virtual bool DrawsLabelsAbove() const = 0;
+    // A label drawn by the layer looks different: paint the labels again.
+    virtual void RepaintLabels() = 0;
+    // An object of the layer took z value z: the labels stay above it.
+    virtual void NoteObjectZValue(int z) = 0;
 
 protected:
     ~IZoLabelArranger() = default;

@@ -124,6 +124,11 @@ void CMarkPointItemQtImpl::paint(QPainter* painter, const QStyleOptionGraphicsIt
     PaintPin(painter, IconRect(), core.Label(), core.PixelScale(), core.CurrentLod());
 }
 
+double CMarkPointItemQtImpl::LabelAngle() const
+{
+    return m_owner ? m_owner->GetRotateAngle() : 0.0;
+}
+
 void CMarkPointItemQtImpl::PaintOnCanvas(QPainter* painter, int level)
 {
     CZoNameLabel label = m_owner->Core().Label();

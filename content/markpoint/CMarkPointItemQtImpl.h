@@ -22,6 +22,7 @@ public:
     void RebuildShape(bool forced) override;
     void RebuildName(bool forced) override;
     void PaintOnCanvas(QPainter* painter, int level) override;
+    double LabelAngle() const override;
 
     QRectF IconRect() const;
     QRectF ItemRect() const;

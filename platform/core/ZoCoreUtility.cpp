@@ -70,7 +70,20 @@ QString ConvertStdStringToQString(const std::string& text, const char* codePage)
 
 std::string ConvertQStringToStdString(const QString& text, const char* codePage)
 {
-    const QByteArray bytes = CodecFor(codePage)->fromUnicode(text);
+    QTextCodec* codec = CodecFor(codePage);
+    // Plain ASCII is the same bytes in every code page the library meets
+    // (US-ASCII, Latin-1, UTF-8, GBK, GB18030), and most names are plain
+    // ASCII: a codec's round trip is most of what destroying an object costs.
+    constexpr int kAsciiCompatible[] = {3, 4, 106, 113, 114};
+    const int mib = codec->mibEnum();
+    if (std::find(std::begin(kAsciiCompatible), std::end(kAsciiCompatible), mib) != std::end(kAsciiCompatible) &&
+        std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; }))
+    {
+        std::string plain(static_cast<size_t>(text.size()), '\0');
+        std::transform(text.cbegin(), text.cend(), plain.begin(), [](QChar c) { return static_cast<char>(c.unicode()); });
+        return plain;
+    }
+    const QByteArray bytes = codec->fromUnicode(text);
     return std::string(bytes.constData(), static_cast<size_t>(bytes.size()));
 }
 
