@@ -47,11 +47,13 @@ public:
             return;
         const double s = this->Scale();
         const CZoPointOffsets& offsets = this->m_offsets;
-        const QPainterPath shape = ZoPointList::RingsPath(offsets.lines, offsets, oddEven);
+        // Points repeating the one before change neither the area nor its
+        // edge: the hit shape and the drawing both do without them.
+        const QPainterPath shape = ZoPointList::RingsPath(ZoPointList::WithoutRepeats(offsets.lines), offsets, oddEven);
         const IZoGraphicsMapLayer* layer = this->m_owner->GetGraphicsMapLayer();
-        const QPainterPath drawn = ZoPointList::RingsPath(
-            layer && layer->IsSimplifyEnabled() ? this->DrawnLines(s) : ZoPointList::WithoutRepeats(offsets.lines),
-            offsets, oddEven);
+        const QPainterPath drawn = layer && layer->IsSimplifyEnabled()
+                                       ? ZoPointList::RingsPath(this->DrawnLines(s), offsets, oddEven)
+                                       : shape;
         const QRectF rings = ZoPointList::BoundsOf(offsets.lines);
         const double margin = marginPixels * s;
         {
