@@ -20,7 +20,6 @@ protected:
         module.DestroyGraphicsEditObject(gadget);
         ModuleFixture::TearDown();
     }
-
     RecordingEditableUser user;
     FakeEditView view;
     T* gadget = nullptr;
