@@ -35,20 +35,6 @@ TEST_F(Dot, ShapeRadiusIsRadiusPlusPenWidthTimesPixelScale)
     EXPECT_EQ(object->GetQtItem()->boundingRect(), QRectF(-2, -2, 4, 4));
 }
 
-TEST_F(Dot, CentreLabelsClipOnlyWithTheLayersSecondCacheSwitch)
-{
-    object->SetName("a name much wider than the dot");
-    object->SetNameVisible(true);
-    object->SetLabelPosition(4);
-    EXPECT_FALSE(Label().clipToRect);
-    EXPECT_EQ(Label().clipRect, QRectF(-6, -6, 12, 12));
-    layer->SetSecondShapeCache(true);
-    object->SetLabelPosition(4);
-    EXPECT_TRUE(Label().clipToRect);
-    // The clip tests the origin, which lies left of the dot.
-    EXPECT_FALSE(Label().clipRect.contains(QPointF(Label().originX, Label().originY)));
-}
-
 TEST_F(Dot, TheShapeCacheSkipsUnforcedRebuildsOnly)
 {
     layer->EnableShapeCache();

@@ -19,18 +19,6 @@ protected:
     QImage Render(int w = 60, int h = 60, QPointF at = QPointF()) const { return RenderItemAt(Item(), w, h, at); }
 };
 
-TEST_F(Polyline, SetPositionMovesRigidlyWithoutRecomputingOffsets)
-{
-    object->SetData({{1, 1, 0}, {2, 3, 0}, {4, 1, 0}});
-    const QPolygonF before = Impl()->GetItem()->Offsets().lines.front();
-    object->SetPosition(CVector3D(11, 21, 0));
-    EXPECT_EQ(Impl()->GetPosition(), CVector3D(11, 21, 0));
-    EXPECT_EQ(object->GetData(), (std::vector<CVector3D>{{11, 21, 0}, {12, 23, 0}, {14, 21, 0}}));
-    EXPECT_EQ(Item()->pos(), QPointF(110, -210));
-    EXPECT_EQ(Impl()->GetItem()->Offsets().lines.front(), before);
-    EXPECT_EQ(object->GetBoundingBox().max, CVector3D(14, 23, 1));
-}
-
 TEST_F(Polyline, ControlPointsAreTheDrawnPixelsBackInDegreesWithZeroZ)
 {
     std::vector<CVector3D> out{{9, 9, 9}};

@@ -146,7 +146,6 @@ TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactlyLongOnesReduced
     EXPECT_EQ(Smoothed(four00, 0), four00);
     EXPECT_EQ(Smoothed(four00, -5), four00);
     EXPECT_EQ(Smoothed(four01, 18), four01);
-    EXPECT_EQ(Smoothed(four01, 25), four01);
     EXPECT_EQ(Smoothed(Path{}, 0), Path{});
     const Path reduced = Smoothed(four01, 17);
     EXPECT_LT(reduced.size(), four01.size());

@@ -20,6 +20,7 @@ protected:
         module.DestroyGraphicsEditObject(gadget);
         ModuleFixture::TearDown();
     }
+
     RecordingEditableUser user;
     FakeEditView view;
     T* gadget = nullptr;

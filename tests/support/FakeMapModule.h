@@ -65,6 +65,7 @@ public:
             handler->OnViewScaleChanged(scale);
     }
     QGraphicsScene* Scene() const { return m_scene.get(); }
+
     int lod = 10;
     double viewScale = 1.0;
     double pixelsPerDegree = 10.0;
