@@ -136,9 +136,7 @@ TEST(InterfaceSlots, EveryInterfaceKeepsItsSlots)
 // touches the extent it is handed.
 TEST(InterfaceSlots, AnEditableUserOverridingNothingHandlesNothing)
 {
-    class DefaultUser : public IZoGraphicsEditableUser
-    {
-    } user;
+    struct DefaultUser : IZoGraphicsEditableUser {} user;
     IZoGraphicsEditObject* e = nullptr;
     const CVector3D p(1.0, 2.0, 3.0);
     EXTENT box{1.0, 2.0, 3.0, 4.0};

@@ -29,9 +29,7 @@ QImage Render(const CZoNameLabel& label, const QTransform& transform = QTransfor
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setTransform(transform);
     if (throughLook)
-    {
         label.Draw(&painter);
-    }
     else
     {
         painter.translate(label.originX, label.originY);
@@ -54,15 +52,12 @@ int DifferingPixels(const QImage& a, const QImage& b, int tolerance)
 {
     int count = 0;
     for (int y = 0; y < a.height(); ++y)
-    {
         for (int x = 0; x < a.width(); ++x)
         {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
             count += std::abs(qRed(p) - qRed(q)) > tolerance || std::abs(qGreen(p) - qGreen(q)) > tolerance ||
                      std::abs(qBlue(p) - qBlue(q)) > tolerance;
         }
-    }
     return count;
 }
 
@@ -85,15 +80,8 @@ TEST_F(NameLabel, PlacementsPutTheOriginWhereTheirRulesSay)
     const QFontMetrics metrics(label.font);
     const double w = metrics.horizontalAdvance(QStringLiteral("Name"));
     const double h = metrics.height();
-    const double g = 3.0;
-    const double x = 10.25;
-    const double y = -4.5;
-    const struct
-    {
-        EZoLabelPlacement placement;
-        double ox;
-        double oy;
-    } cases[] = {
+    const double g = 3.0, x = 10.25, y = -4.5;
+    const struct { EZoLabelPlacement placement; double ox, oy; } cases[] = {
         {EZoLabelPlacement::Centred, x - w / 2, y + h / 2 - g},  {EZoLabelPlacement::AboveStart, x, y - g},
         {EZoLabelPlacement::AboveCentred, x - w / 2, y - g},     {EZoLabelPlacement::AboveEnd, x - w, y - g},
         {EZoLabelPlacement::BelowStart, x, y + g + h},           {EZoLabelPlacement::BelowCentred, x - w / 2, y + g + h},
@@ -105,101 +93,10 @@ TEST_F(NameLabel, PlacementsPutTheOriginWhereTheirRulesSay)
     for (const auto& c : cases)
     {
         label.Place(c.placement, x, y);
-        EXPECT_EQ(label.originX, static_cast<double>(static_cast<float>(c.ox))) << int(c.placement);
-        EXPECT_EQ(label.originY, static_cast<double>(static_cast<float>(c.oy))) << int(c.placement);
+        EXPECT_EQ(QPointF(label.originX, label.originY), QPointF(float(c.ox), float(c.oy))) << int(c.placement);
         // The text block moves with its origin, however often it is placed.
         EXPECT_EQ(label.TextRect(), QRectF(label.originX, label.originY - metrics.ascent(), w, h));
     }
-}
-
-TEST_F(NameLabel, RelayoutKeepsTheOriginAndLineFeedsMakeLines)
-{
-    CZoNameLabel label = Label(QStringLiteral("one"), 12);
-    label.Place(EZoLabelPlacement::RightBaseline, 20, 30);
-    const double singleHeight = label.TextRect().height();
-    label.SetText(QStringLiteral("one\ntwo"));
-    EXPECT_EQ(label.originX, 20.0);
-    EXPECT_EQ(label.originY, 30.0);
-    EXPECT_GT(label.TextRect().height(), 1.8 * singleHeight);
-    EXPECT_EQ(label.TextRect().left(), 20.0);
-    label.SetText(QStringLiteral("one\n\nthree"));
-    EXPECT_GT(label.TextRect().height(), 2.8 * singleHeight);
-    // Widest line, not the whole text.
-    label.SetText(QStringLiteral("a\nwidest line\nb"));
-    EXPECT_EQ(label.TextRect().width(), QFontMetrics(label.font).horizontalAdvance(QStringLiteral("widest line")));
-}
-
-TEST_F(NameLabel, ShownOnlyWithTextInsideBothRangesAndSwitchedOn)
-{
-    CZoNameLabel label = Label(QStringLiteral("x"));
-    label.minLod = 3;
-    label.maxLod = 8;
-    const std::pair<int, bool> cases[] = {{2, false}, {3, true}, {8, true}, {9, false}};
-    for (const auto& [lod, shown] : cases)
-        EXPECT_EQ(label.IsShownAt(lod, nullptr), shown) << lod;
-    label.visible = false;
-    EXPECT_FALSE(label.IsShownAt(5, nullptr));
-    label.visible = true;
-    label.SetText(QString());
-    EXPECT_FALSE(label.IsShownAt(5, nullptr));
-}
-
-TEST_F(NameLabel, HaloWidthFollowsTheOutlineWidth)
-{
-    auto haloPixels = [](double outlineWidth) {
-        CZoNameLabel label = Label(QStringLiteral("HALO"), 12);
-        label.outlineWidth = outlineWidth;
-        label.outlineColor = QColor(0, 0, 255);
-        label.Place(EZoLabelPlacement::RightCentre, 5, 20);
-        return CountPixels(Render(label), qRgb(0, 0, 255));
-    };
-    EXPECT_EQ(haloPixels(0.0), 0);
-    const int thin = haloPixels(1.0);
-    EXPECT_GT(thin, 0);
-    EXPECT_GT(haloPixels(2.0), thin);
-}
-
-TEST_F(NameLabel, NothingIsDrawnAtTheOriginOrOutsideTheClipRectangle)
-{
-    auto drawsAnything = [](const CZoNameLabel& label) {
-        return Render(label, QTransform::fromTranslate(60, 30)) != BlankCanvas(160, 80);
-    };
-    CZoNameLabel label = Label(QStringLiteral("CLIP"), 12);
-    EXPECT_FALSE(drawsAnything(label)); // origin (0, 0)
-    label.Place(EZoLabelPlacement::Centred, 0, 0);
-    EXPECT_TRUE(drawsAnything(label));
-    label.clipToRect = true;
-    label.clipRect = QRectF(-5, -5, 10, 10); // the origin lies left of it
-    EXPECT_FALSE(drawsAnything(label));
-    label.clipRect = QRectF(-60, -30, 120, 60);
-    EXPECT_TRUE(drawsAnything(label));
-    label.clipRect = QRectF(); // invalid rectangles clip everything
-    EXPECT_FALSE(drawsAnything(label));
-}
-
-TEST_F(NameLabel, SurfaceAnchorsCoverThirteenCasesAndRejectTheRest)
-{
-    const struct
-    {
-        unsigned int position;
-        unsigned int alignment;
-        QPointF anchor;
-        EZoLabelPlacement placement;
-    } cases[] = {
-        {0, 0, QPointF(-10, -5), EZoLabelPlacement::AboveStart}, {1, 2, QPointF(10, 5), EZoLabelPlacement::BelowEnd},
-        {2, 0, QPointF(-10, -5), EZoLabelPlacement::LeftBelow},  {3, 1, QPointF(10, 0), EZoLabelPlacement::RightCentre},
-        {4, 2, QPointF(0, 0), EZoLabelPlacement::Centred},
-    };
-    QPointF anchor;
-    EZoLabelPlacement placement;
-    for (const auto& c : cases)
-    {
-        ASSERT_TRUE(ZoSurfaceLabelAnchor(c.position, c.alignment, 20, 10, &anchor, &placement)) << c.position;
-        EXPECT_EQ(anchor, c.anchor) << c.position;
-        EXPECT_EQ(placement, c.placement) << c.position;
-    }
-    EXPECT_FALSE(ZoSurfaceLabelAnchor(5, 1, 20, 10, &anchor, &placement));
-    EXPECT_FALSE(ZoSurfaceLabelAnchor(0, 3, 20, 10, &anchor, &placement));
 }
 
 // Whatever the scale and the sub-pixel position, a label put down from its
@@ -290,9 +187,7 @@ TEST_F(NameLabel, TheCacheStaysWithinItsBoundDroppingTheLeastRecentlyUsed)
     Render(first); // first is used again: second is now the oldest
     Render(third);
     EXPECT_LE(ZoLabelLookCache::Bytes(), ZoLabelLookCache::Limit());
-    EXPECT_TRUE(first.HoldsLook());
-    EXPECT_FALSE(second.HoldsLook());
-    EXPECT_TRUE(third.HoldsLook());
+    EXPECT_EQ(std::tuple(first.HoldsLook(), second.HoldsLook(), third.HoldsLook()), std::tuple(true, false, true));
     // An evicted look is drawn again on demand.
     EXPECT_NE(Render(second), BlankCanvas(160, 80));
 }

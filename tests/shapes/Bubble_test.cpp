@@ -29,11 +29,7 @@ protected:
         log.Clear();
     }
     CBubbleItemQtImpl* Item() const { return Impl()->GetItem(); }
-    QGraphicsProxyWidget* Proxy() const
-    {
-        return static_cast<QGraphicsProxyWidget*>(Item()->childItems().value(0));
-    }
-
+    QGraphicsProxyWidget* Proxy() const { return static_cast<QGraphicsProxyWidget*>(Item()->childItems().value(0)); }
     std::unique_ptr<QLabel> label; // the host's: outlives the module's objects
 };
 
@@ -58,15 +54,12 @@ TEST_F(Bubble, TheTipStandsOnThePositionAndTheBoxNeverCoversIt)
 TEST_F(Bubble, SizeFollowsTheWidgetUnlessGivenAndIgnoresTheZoom)
 {
     const int width = object->GetWidth();
-    EXPECT_GE(width, 90 + 16);
-    EXPECT_GE(object->GetHeight(), 24 + 18);
+    EXPECT_TRUE(width >= 90 + 16 && object->GetHeight() >= 24 + 18);
     map.ChangeViewScale(4.0);
     EXPECT_EQ(object->GetWidth(), width);
     EXPECT_TRUE(Item()->flags() & QGraphicsItem::ItemIgnoresTransformations);
-
     object->SetSize(200, 90);
-    EXPECT_EQ(object->GetWidth(), 200);
-    EXPECT_EQ(object->GetHeight(), 90);
+    EXPECT_EQ(QSizeF(object->GetWidth(), object->GetHeight()), QSizeF(200, 90));
     EXPECT_EQ(Proxy()->size(), QSizeF(200, 90));
     object->SetSize(-5, 0); // nothing sensible asked: the widget decides again
     EXPECT_EQ(object->GetWidth(), width);
@@ -79,8 +72,7 @@ TEST_F(Bubble, TheWidgetStaysTheHosts)
     QWidget parent;
     QLabel second(QStringLiteral("second"), &parent);
     object->SetWidget(&second);
-    EXPECT_EQ(label->parentWidget(), nullptr);
-    EXPECT_FALSE(label->isVisible());
+    EXPECT_TRUE(label->parentWidget() == nullptr && !label->isVisible());
     object->SetWidget(label.get());
     EXPECT_EQ(second.parentWidget(), &parent);
     label.reset();
@@ -101,8 +93,7 @@ TEST_F(Bubble, PressesAndWheelTurnsAreTakenAndReported)
     map.Scene()->sendEvent(Item(), &press);
     EXPECT_TRUE(press.isAccepted());
     EXPECT_EQ(events->property("Scene_MousePress").toList(), id);
-    EXPECT_EQ(events->property("Scene_MousePressGrab"), QVariant(true));
-
+    EXPECT_TRUE(events->property("Scene_MousePressGrab").toBool());
     QGraphicsSceneWheelEvent wheel(QEvent::GraphicsSceneWheel);
     wheel.setDelta(120);
     map.Scene()->sendEvent(Proxy(), &wheel);

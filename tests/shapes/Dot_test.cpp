@@ -35,43 +35,6 @@ TEST_F(Dot, ShapeRadiusIsRadiusPlusPenWidthTimesPixelScale)
     EXPECT_EQ(object->GetQtItem()->boundingRect(), QRectF(-2, -2, 4, 4));
 }
 
-// Radius zero lays out nothing, not even the name; the label follows the
-// label position and ignores the alignment.
-TEST_F(Dot, LabelPlacementsFollowTheLabelPosition)
-{
-    object->SetRadius(0.0);
-    object->SetNameVisible(true);
-    object->SetLabelPosition(3);
-    EXPECT_TRUE(object->GetQtItem()->shape().isEmpty());
-    EXPECT_EQ(Label().originX, 0.0);
-    EXPECT_EQ(Label().originY, 0.0);
-    object->SetRadius(6.0);
-    EXPECT_EQ(Label().originX, 6.0);
-    object->SetLabelPosition(2);
-    EXPECT_LT(Label().originX, -6.0);
-    object->SetLabelPosition(0);
-    EXPECT_EQ(Label().originY, -6.0);
-    object->SetLabelPosition(1);
-    EXPECT_GT(Label().originY, 6.0);
-    const double y = Label().originY;
-    object->SetLabelAlignment(2);
-    EXPECT_EQ(Label().originY, y);
-}
-
-TEST_F(Dot, CentreLabelsClipOnlyWithTheLayersSecondCacheSwitch)
-{
-    object->SetName("a name much wider than the dot");
-    object->SetNameVisible(true);
-    object->SetLabelPosition(4);
-    EXPECT_FALSE(Label().clipToRect);
-    EXPECT_EQ(Label().clipRect, QRectF(-6, -6, 12, 12));
-    layer->SetSecondShapeCache(true);
-    object->SetLabelPosition(4);
-    EXPECT_TRUE(Label().clipToRect);
-    // The clip tests the origin, which lies left of the dot.
-    EXPECT_FALSE(Label().clipRect.contains(QPointF(Label().originX, Label().originY)));
-}
-
 TEST_F(Dot, TheShapeCacheSkipsUnforcedRebuildsOnly)
 {
     layer->EnableShapeCache();
@@ -104,26 +67,6 @@ TEST_F(Dot, LabelPlacementsAndARotatedTextureMatchTheirReferences)
     object->SetNameVisible(false);
     object->SetRotation(45.0);
     EXPECT_EQ(CompareWithReference(Render(60, 60), QStringLiteral("dot_texture_rotated"), 16, 6), QString());
-}
-
-TEST_F(Dot, CanvasPaintingUsesATemporaryItemAtScaleOne)
-{
-    layer->SetAutoAdd(false);
-    IZoDotMapObject* loose = module.CreateDotMapObject("Dot", layer);
-    ASSERT_EQ(loose->GetQtItem(), nullptr);
-    Style(loose);
-    loose->SetLabelPosition(0);
-    loose->SetPosition(CVector3D(0.0, 0.0, 0.0));
-    map.ChangeViewScale(4.0); // the canvas ignores the view's scale
-    // Web Mercator level 0: (0, 0) is pixel (128, 128).
-    QImage canvas = BlankCanvas(256, 256);
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(-68, -98); // bring pixel (128, 128) to (60, 30)
-    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_EQ(loose->GetQtItem(), nullptr);
-    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 120, 60), QStringLiteral("dot_label_0"), 16, 12), QString());
 }
 
 // A label's finished look is held only while the label shows: hiding it, by

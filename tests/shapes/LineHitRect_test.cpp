@@ -7,8 +7,6 @@
 #include <ZoGraphics/CZoMapView.h>
 #include <ZoGraphics/IZoPolylineMapObject.h>
 
-#include <QPainterPath>
-#include <QTransform>
 #include <gtest/gtest.h>
 
 TEST(LineHitRect, RectanglesMeetTheStrokeWithinHalfTheWidth)
@@ -42,29 +40,6 @@ TEST(LineHitRect, RectanglesMeetTheStrokeWithinHalfTheWidth)
     };
     for (const auto& c : cases)
         EXPECT_EQ(index.HitsRect(c.rect, w), c.hits) << c.rect.x() << "," << c.rect.y();
-}
-
-TEST(LineHitRect, OnlyAxisAlignedRectanglesTakeTheFastPath)
-{
-    const QRectF pixel(10.5, 20.5, 1, 1);
-    QPainterPath added;
-    added.addRect(pixel);
-    const QPainterPath polygon = [&] {
-        QPainterPath p;
-        p.addPolygon(QTransform::fromScale(2, 3).map(QPolygonF(pixel)));
-        return p;
-    }();
-    QPainterPath turned;
-    turned.addPolygon(QTransform().rotate(30).map(QPolygonF(pixel)));
-    QPainterPath round;
-    round.addEllipse(pixel);
-    QRectF found;
-    EXPECT_TRUE(ZoPointList::IsAxisAlignedRect(added, &found));
-    EXPECT_EQ(found, pixel);
-    EXPECT_TRUE(ZoPointList::IsAxisAlignedRect(polygon, &found));
-    EXPECT_EQ(found, QRectF(21, 61.5, 2, 3));
-    EXPECT_FALSE(ZoPointList::IsAxisAlignedRect(turned, &found));
-    EXPECT_FALSE(ZoPointList::IsAxisAlignedRect(round, &found));
 }
 
 // The reference view's pointer lookup goes through the grid: on the line and

@@ -7,9 +7,6 @@
 #include "shapes/polyline/CZoPolylineMapObject.h"
 
 #include <QGraphicsItem>
-#include <QPainter>
-#include <cmath>
-#include <limits>
 
 using Messages = std::vector<std::string>;
 using Points = std::vector<CVector3D>;
@@ -24,22 +21,16 @@ struct SingleList
         return static_cast<Object*>((m.*Creator)("points", layer));
     }
 };
-struct PolylineList : SingleList<CZoPolylineMapObject, IZoPolylineMapObject, &IZoGraphicsModule::CreatePolylineMapObject>
-{
-    static constexpr const char* kClass = "CZoPolylineMapObject";
-    static constexpr const char* kPopEmpty = nullptr;
-};
-struct PolygonList : SingleList<CZoPolygonMapObject, IZoPolygonMapObject, &IZoGraphicsModule::CreatePolygonMapObject>
-{
-    static constexpr const char* kClass = "CZoPolygonMapObject";
-    static constexpr const char* kPopEmpty = nullptr;
-};
-struct MultiDotList
-    : SingleList<CZoMultiDotMapObject, IZoMultiDotMapObject, &IZoGraphicsModule::CreateMultiDotMapObject>
-{
-    static constexpr const char* kClass = "CZoMultiDotMapObject";
-    static constexpr const char* kPopEmpty = "[CZoMultiDotMapObject::PopBack] 点集已为空";
-};
+#define ZO_LIST(Name, Kind, PopEmpty)                                                                              \
+    struct Name : SingleList<CZo##Kind##MapObject, IZo##Kind##MapObject, &IZoGraphicsModule::Create##Kind##MapObject> \
+    {                                                                                                              \
+        static constexpr const char* kClass = "CZo" #Kind "MapObject";                                             \
+        static constexpr const char* kPopEmpty = PopEmpty;                                                         \
+    };
+ZO_LIST(PolylineList, Polyline, nullptr)
+ZO_LIST(PolygonList, Polygon, nullptr)
+ZO_LIST(MultiDotList, MultiDot, "[CZoMultiDotMapObject::PopBack] 点集已为空")
+#undef ZO_LIST
 
 // An object of one point-list kind on a layer of its own, the log cleared.
 template <class Kind>
@@ -54,7 +45,6 @@ protected:
         ASSERT_NE(object, nullptr);
         log.Clear();
     }
-
     IZoGraphicsMapLayer* layer = nullptr;
     typename Kind::Object* object = nullptr;
 };
@@ -104,53 +94,6 @@ TYPED_TEST(SinglePointList, EveryIndexFaultLogsItsTextAndChangesNothing)
     EXPECT_TRUE(this->log.Messages().empty());
 }
 
-TYPED_TEST(SinglePointList, AnchorIsTheFirstPointOfSetDataOrOfAPushIntoAnEmptyList)
-{
-    auto* o = this->object;
-    o->PushBack(CVector3D(2, 3, 0));
-    EXPECT_EQ(o->GetAnchor(), CVector3D(2, 3, 0));
-    EXPECT_EQ(o->GetQtItem()->pos(), QPointF(20, -30));
-    o->PushBack(CVector3D(4, 5, 0));
-    EXPECT_EQ(o->GetAnchor(), CVector3D(2, 3, 0));
-    // Neither modifying nor inserting at the front moves the anchor or the item.
-    o->Modify(0, CVector3D(-1, -1, 0));
-    o->Insert(0, CVector3D(-2, -2, 50));
-    EXPECT_EQ(o->GetAnchor(), CVector3D(2, 3, 0));
-    EXPECT_EQ(o->GetQtItem()->pos(), QPointF(20, -30));
-    EXPECT_EQ(this->Offsets().first(), QPointF(-40, 50));
-    // The extent has two corners per point and ignores z.
-    EXPECT_EQ(o->GetBoundingBox().min, CVector3D(-2, -2, -1));
-    EXPECT_EQ(o->GetBoundingBox().max, CVector3D(4, 5, 1));
-    // Emptying the list brings the anchor and the item home.
-    o->Clear();
-    EXPECT_EQ(o->GetAnchor(), CVector3D());
-    EXPECT_EQ(o->GetQtItem()->pos(), QPointF(0, 0));
-    EXPECT_TRUE(this->Offsets().isEmpty());
-    EXPECT_TRUE(o->GetBoundingBox().IsEmpty());
-}
-
-TYPED_TEST(SinglePointList, NonFinitePointsAreRefusedWholeAndDegenerateListsDrawQuietly)
-{
-    auto* o = this->object;
-    o->SetData({{1, 1, 0}});
-    this->log.Clear();
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double inf = std::numeric_limits<double>::infinity();
-    o->SetData({{2, 2, 0}, {nan, 0, 0}});
-    o->PushBack(CVector3D(inf, 0, 0));
-    o->Insert(0, CVector3D(0, nan, 0));
-    o->Modify(0, CVector3D(0, 0, -inf));
-    EXPECT_EQ(this->log.Messages().size(), 4u);
-    EXPECT_EQ(o->GetData(), (Points{{1, 1, 0}}));
-    this->log.Clear();
-    o->SetData(Points(50, CVector3D(3, 3, 0))); // all coincident
-    EXPECT_TRUE(std::isfinite(o->GetQtItem()->boundingRect().width()));
-    QImage image(40, 40, QImage::Format_ARGB32);
-    QPainter painter(&image);
-    o->GetQtItem()->paint(&painter, nullptr, nullptr);
-    EXPECT_TRUE(this->log.Messages().empty());
-}
-
 TYPED_TEST(SinglePointList, ANewLevelConvertsThePointsAgain)
 {
     this->object->SetData({{1, 1, 0}, {2, 3, 0}});
@@ -159,20 +102,6 @@ TYPED_TEST(SinglePointList, ANewLevelConvertsThePointsAgain)
     this->map.ChangeViewScale(1.0);
     EXPECT_EQ(this->object->GetQtItem()->pos(), QPointF(20, -20));
     EXPECT_EQ(this->Offsets(), QPolygonF(QVector<QPointF>{QPointF(0, 0), QPointF(20, -40)}));
-}
-
-TYPED_TEST(SinglePointList, PointsEditedBeforeTheItemExistsFillItLater)
-{
-    this->layer->SetAutoAdd(false);
-    auto* late = TypeParam::Create(this->module, this->layer);
-    ASSERT_EQ(late->GetQtItem(), nullptr);
-    late->PushBack(CVector3D(1, 1, 0));
-    late->PushBack(CVector3D(2, 2, 0));
-    late->Remove(0);
-    EXPECT_EQ(late->GetAnchor(), CVector3D(1, 1, 0));
-    late->Rebuild(1.0);
-    ASSERT_NE(late->GetItem(), nullptr);
-    EXPECT_EQ(late->GetItem()->Offsets().lines.front(), QPolygonF({QPointF(10, -10)}));
 }
 
 // --- lists of lists ----------------------------------------------------------------
@@ -189,12 +118,9 @@ struct MultiLineLists
         return static_cast<Object*>(m.CreateMultiLineMapObject("lines", layer));
     }
     static void SetLine(Object* o, int l, const std::vector<CVector3D>& line) { o->SetLineData(l, line); }
-    static int AppendLine(Object* o, const std::vector<CVector3D>& line) { return o->AppendLine(line); }
     static void InsertLine(Object* o, int l, const std::vector<CVector3D>& line) { o->InsertLine(l, line); }
     static void RemoveLine(Object* o, int l) { o->RemoveLine(l); }
-    static void PopLine(Object* o) { o->PopLine(); }
     static std::vector<CVector3D> GetLine(Object* o, int l) { return o->GetLineData(l); }
-    static std::int64_t LineCount(Object* o) { return o->GetLineNumber(); }
     static std::vector<std::string> FaultTexts()
     {
         const std::string c = "[CZoMultiPolygonMapObject::";
@@ -218,12 +144,9 @@ struct MultiPolygonLists
         return static_cast<Object*>(m.CreateMultiPolygonMapObject("rings", layer));
     }
     static void SetLine(Object* o, int l, const std::vector<CVector3D>& line) { o->SetPolygonData(l, line); }
-    static int AppendLine(Object* o, const std::vector<CVector3D>& line) { return o->AppendPolygon(line); }
     static void InsertLine(Object* o, int l, const std::vector<CVector3D>& line) { o->InsertPolygon(l, line); }
     static void RemoveLine(Object* o, int l) { o->RemovePolygon(l); }
-    static void PopLine(Object* o) { o->PopPolygon(); }
     static std::vector<CVector3D> GetLine(Object* o, int l) { return o->GetPolygonData(l); }
-    static std::int64_t LineCount(Object* o) { return o->GetPolygonNumber(); }
     static std::vector<std::string> FaultTexts()
     {
         const std::string c = "[CZoPolygonMapObject::";
@@ -273,40 +196,8 @@ TYPED_TEST(NestedPointList, EveryIndexFaultLogsItsOwnTextAndChangesNothing)
     EXPECT_EQ(o->PopPoint(1), CVector3D()); // the second line is empty
     EXPECT_EQ(this->log.Messages(), K::FaultTexts());
     EXPECT_EQ(o->Lines(), data);
-
     this->log.Clear();
     o->Cleanup(5);
     EXPECT_EQ(this->log.Messages().size(), K::kCleanupLogs ? 1u : 0u);
     EXPECT_EQ(o->Lines(), data);
-}
-
-TYPED_TEST(NestedPointList, LinesGoInAtTheEndAndEmptyOnesAreRefused)
-{
-    using K = TypeParam;
-    auto* o = this->object;
-    EXPECT_EQ(K::AppendLine(o, {}), -1);
-    EXPECT_EQ(K::LineCount(o), 0);
-    EXPECT_EQ(K::AppendLine(o, {{1, 1, 0}}), 0);
-    K::InsertLine(o, 1, {{2, 2, 0}, {3, 3, 0}}); // the count itself appends
-    EXPECT_EQ(K::LineCount(o), 2);
-    o->InsertPoint(0, 1, CVector3D(4, 4, 0)); // so does the point count
-    EXPECT_EQ(o->At(0, 1), CVector3D(4, 4, 0));
-    o->Cleanup(1);
-    EXPECT_EQ(o->GetPointNumber(1), 0);
-    K::PopLine(o);
-    K::PopLine(o);
-    K::PopLine(o); // nothing left: nothing happens
-    EXPECT_EQ(K::LineCount(o), 0);
-    EXPECT_EQ(o->GetAnchor(), CVector3D());
-    EXPECT_TRUE(this->log.Messages().empty());
-}
-
-TYPED_TEST(NestedPointList, SetPositionMovesEveryLineRigidly)
-{
-    auto* o = this->object;
-    o->SetData({{{1, 1, 0}, {2, 1, 0}}, {{5, 5, 0}}});
-    o->SetPosition(CVector3D(2, 3, 0));
-    EXPECT_EQ(o->At(1, 0), CVector3D(6, 7, 0));
-    EXPECT_EQ(o->GetQtItem()->pos(), QPointF(20, -30));
-    EXPECT_EQ(o->GetBoundingBox().max, CVector3D(6, 7, 1));
 }

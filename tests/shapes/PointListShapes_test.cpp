@@ -1,14 +1,12 @@
 #include "support/ImageCompare.h"
 #include "support/ModuleFixture.h"
 #include "support/RenderItem.h"
-#include "support/SimplifyingLayer.h"
 
 #include "shapes/multidot/CZoMultiDotMapObject.h"
 #include "shapes/polygon/CZoPolygonMapObject.h"
 
 #include <QGraphicsItem>
 #include <QPainter>
-#include <QPicture>
 #include <cmath>
 
 namespace
@@ -25,15 +23,6 @@ std::vector<CVector3D> Star(double cx, double cy, double r)
 std::vector<CVector3D> Square(double x0, double y0, double side)
 {
     return {{x0, y0, 0}, {x0 + side, y0, 0}, {x0 + side, y0 + side, 0}, {x0, y0 + side, 0}};
-}
-
-// A circle of radius r degrees sampled far finer than a pixel.
-std::vector<CVector3D> FineCircle(double r, int count)
-{
-    std::vector<CVector3D> circle;
-    for (int k = 0; k < count; ++k)
-        circle.emplace_back(r * std::cos(2 * M_PI * k / count), r * std::sin(2 * M_PI * k / count), 0.0);
-    return circle;
 }
 } // namespace
 
@@ -173,48 +162,3 @@ TEST_F(PointListShapes, CanvasPaintingProjectsEveryPointThroughTheCanvas)
     EXPECT_NE(image.pixelColor(512 - 10, 512 + 10), fill);
 }
 
-// A layer that asks for it gets every outline kind drawn from fewer points,
-// looking the same.
-TEST_F(PointListShapes, OutlinesAreThinnedOnlyWhenTheLayerAsksAndLookTheSame)
-{
-    CSimplifyingLayer simplifying(module.CreateGraphicsLayer("simplifying"));
-    const std::vector<CVector3D> circle = FineCircle(3.0, 6000);
-    const std::vector<std::vector<CVector3D>> circles{circle, FineCircle(1.5, 3000)};
-    auto with = [](auto* object, const auto& data) -> IZoGraphicsMapObject* {
-        object->SetData(data);
-        return object;
-    };
-    const std::function<IZoGraphicsMapObject*(IZoGraphicsMapLayer*)> kinds[] = {
-        [&](IZoGraphicsMapLayer* l) { return with(module.CreatePolylineMapObject("polyline", l), circle); },
-        [&](IZoGraphicsMapLayer* l) { return with(module.CreatePolygonMapObject("polygon", l), circle); },
-        [&](IZoGraphicsMapLayer* l) { return with(module.CreateMultiLineMapObject("multi-line", l), circles); },
-        [&](IZoGraphicsMapLayer* l) { return with(module.CreateMultiPolygonMapObject("multi-polygon", l), circles); },
-    };
-    // What painting the item records, and what it looks like.
-    auto painted = [](QGraphicsItem* item) {
-        QPicture picture;
-        QPainter recorder(&picture);
-        item->paint(&recorder, nullptr, nullptr);
-        recorder.end();
-        return std::make_pair(static_cast<int>(picture.size()), RenderItemCentred(item, 120, 120));
-    };
-    for (const auto& make : kinds)
-    {
-        IZoGraphicsMapObject* plain = make(layer);
-        IZoGraphicsMapObject* thinned = make(&simplifying);
-        SCOPED_TRACE(plain->GetName());
-        const auto [plainBytes, plainLook] = painted(plain->GetQtItem());
-        const auto [thinBytes, thinLook] = painted(thinned->GetQtItem());
-        // Lines drop sub-pixel steps while drawing anyway; the layer's
-        // thinning goes further.
-        EXPECT_LT(thinBytes, plainBytes);
-        int differing = 0;
-        for (int y = 0; y < 120; ++y)
-            for (int x = 0; x < 120; ++x)
-                differing += std::abs(qGray(thinLook.pixel(x, y)) - qGray(plainLook.pixel(x, y))) > 48;
-        EXPECT_LT(differing, 60);
-        EXPECT_NE(thinLook, BlankCanvas(120, 120));
-        EXPECT_EQ(thinned->GetQtItem()->boundingRect(), plain->GetQtItem()->boundingRect());
-        module.DestroyGraphicsMapObject(thinned); // before the layer double goes
-    }
-}

@@ -16,19 +16,8 @@ class Polyline : public KindFixture<PolylineKind>
 {
 protected:
     QGraphicsItem* Item() const { return object->GetQtItem(); }
+    QImage Render(int w = 60, int h = 60, QPointF at = QPointF()) const { return RenderItemAt(Item(), w, h, at); }
 };
-
-TEST_F(Polyline, SetPositionMovesRigidlyWithoutRecomputingOffsets)
-{
-    object->SetData({{1, 1, 0}, {2, 3, 0}, {4, 1, 0}});
-    const QPolygonF before = Impl()->GetItem()->Offsets().lines.front();
-    object->SetPosition(CVector3D(11, 21, 0));
-    EXPECT_EQ(Impl()->GetPosition(), CVector3D(11, 21, 0));
-    EXPECT_EQ(object->GetData(), (std::vector<CVector3D>{{11, 21, 0}, {12, 23, 0}, {14, 21, 0}}));
-    EXPECT_EQ(Item()->pos(), QPointF(110, -210));
-    EXPECT_EQ(Impl()->GetItem()->Offsets().lines.front(), before);
-    EXPECT_EQ(object->GetBoundingBox().max, CVector3D(14, 23, 1));
-}
 
 TEST_F(Polyline, ControlPointsAreTheDrawnPixelsBackInDegreesWithZeroZ)
 {
@@ -52,10 +41,11 @@ TEST_F(Polyline, HitAreaIsTheStrokeOfTheLineAndTheClosingEdgeOnlyWhenClosed)
 {
     object->SetData({{0, 0, 0}, {10, 0, 0}, {10, -10, 0}}); // pixels (0,0) (100,0) (100,100)
     object->SetPenWidth(4.0f); // hit half width 3 pixels
-    EXPECT_TRUE(Item()->contains(QPointF(50, 2.5)));
-    EXPECT_FALSE(Item()->contains(QPointF(50, 3.5)));
-    EXPECT_TRUE(Item()->contains(QPointF(101, 60)));
-    EXPECT_FALSE(Item()->contains(QPointF(50, 50))); // on the closing edge
+    // Beside the first segment within and past the half width, beside the
+    // second, on the closing edge.
+    for (const auto& [at, hit] : {std::pair{QPointF(50, 2.5), true}, {QPointF(50, 3.5), false},
+                                  {QPointF(101, 60), true}, {QPointF(50, 50), false}})
+        EXPECT_EQ(Item()->contains(at), hit) << at.x() << "," << at.y();
     object->SetClosed(true);
     EXPECT_TRUE(Item()->contains(QPointF(50, 50)));
     EXPECT_TRUE(Item()->shape().contains(QPointF(50, 51)));
@@ -78,42 +68,6 @@ TEST_F(Polyline, RectangleCoversThePointsDividedByTheScaleWithAMargin)
     EXPECT_NEAR(bounds.bottom(), 100.375, 0.01);
     object->Clear();
     EXPECT_EQ(Item()->boundingRect(), bounds);
-}
-
-// Qt asks that the hit shape stay within the bounding rectangle, for both
-// line kinds, open or closed, at every scale.
-TEST_F(Polyline, HitShapeStaysWithinTheRectangle)
-{
-    const std::vector<CVector3D> zigzag{{0, 0, 0}, {100, -30, 0}, {3, -70, 0}};
-    auto* lines = module.CreateMultiLineMapObject("lines", layer);
-    object->SetData(zigzag);
-    lines->SetData({zigzag, {{20, 0, 0}, {25, -5, 0}}});
-    object->SetPenWidth(6.0f);
-    lines->SetPenWidth(6.0f);
-    for (const bool closed : {false, true})
-    {
-        object->SetClosed(closed);
-        lines->SetClosed(closed);
-        for (const double viewScale : {0.5, 1.0, 2.0})
-        {
-            map.ChangeViewScale(viewScale);
-            for (QGraphicsItem* item : {Item(), lines->GetQtItem()})
-                EXPECT_TRUE(item->boundingRect().contains(item->shape().boundingRect()))
-                    << "closed " << closed << " view scale " << viewScale << " item type " << item->type();
-        }
-    }
-}
-
-TEST_F(Polyline, TheShapeCacheSuppressesGeometryAndPainting)
-{
-    object->SetData({{0, 0, 0}, {10, 0, 0}});
-    layer->EnableShapeCache();
-    object->SetRebuildThreshold(5.0);
-    EXPECT_TRUE(Item()->boundingRect().isNull());
-    EXPECT_TRUE(Item()->shape().isEmpty());
-    EXPECT_FALSE(Item()->contains(QPointF(50, 0)));
-    object->SetAlwaysRebuild(true);
-    EXPECT_TRUE(Item()->contains(QPointF(50, 0)));
 }
 
 TEST_F(Polyline, NameSitsAboveTheMiddleOfItsSegmentRaisedByThePenStyle)
@@ -144,7 +98,6 @@ protected:
         object->SetPenColor(QColor(20, 60, 200));
         object->SetPenWidth(2.0f);
     }
-    QImage Render(int w = 60, int h = 60, QPointF at = QPointF()) const { return RenderItemAt(Item(), w, h, at); }
 };
 
 TEST_F(PolylinePaint, ArrowsAtEitherEndButNotOnCoincidentEnds)
@@ -171,30 +124,6 @@ TEST_F(PolylinePaint, NameAlongARisingSegmentReadsLeftToRight)
     EXPECT_EQ(CompareWithReference(Render(180, 80, QPointF(170, 70)), "polyline_label", 8, 40), QString());
 }
 
-TEST_F(PolylinePaint, NothingWithoutASegmentOrWithoutAPen)
-{
-    const QImage blank = BlankCanvas(60, 60);
-    object->SetArrowVisible(true);
-    object->SetData({{1, -1, 0}});
-    EXPECT_EQ(Render(), blank);
-    object->SetData({{1, -1, 0}, {4, -4, 0}});
-    object->SetPenWidth(0.0f);
-    EXPECT_EQ(Render(), blank);
-}
-
-// A closed multi-line draws its closing edge, as it hits it.
-TEST_F(PolylinePaint, ClosedMultiLineDrawsItsClosingEdge)
-{
-    auto* lines = module.CreateMultiLineMapObject("lines", layer);
-    lines->SetPenColor(Qt::black);
-    lines->SetPenWidth(3.0f);
-    lines->SetData({{{0, 0, 0}, {6, 0, 0}, {6, -6, 0}}}); // pixels (0,0) (60,0) (60,60)
-    QGraphicsItem* item = lines->GetQtItem();
-    EXPECT_EQ(RenderItemAt(item, 80, 80, QPointF(10, 10)).pixelColor(40, 40), QColor(Qt::white));
-    lines->SetClosed(true);
-    EXPECT_LT(RenderItemAt(item, 80, 80, QPointF(10, 10)).pixelColor(40, 40).lightness(), 128);
-}
-
 // Each of the ways a wide pen is drawn (a widened hairline mask for dense
 // lines, two shifted hairlines for sparse ones, short stroked runs for wider
 // pens) against Qt's own stroke of the same line: what is drawn must look the
@@ -207,7 +136,7 @@ TEST_F(PolylinePaint, AWidePenLooksLikeQtsOwnStrokeWhicheverWayItIsDrawn)
     QPolygonF wave; // sparse: long segments over a wide area
     for (int i = 0; i < 60; ++i)
         wave << QPointF(5 + i * 3.5, 40 + 30 * std::sin(i * 0.3));
-    struct Case
+    const struct
     {
         const char* what;
         const QPolygonF& line;
@@ -215,8 +144,7 @@ TEST_F(PolylinePaint, AWidePenLooksLikeQtsOwnStrokeWhicheverWayItIsDrawn)
         int alpha;
         QTransform transform;
         QRect clip;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"dense, 1.5 px", zigzag, 1.5, 255, {}, {}},
         {"dense, translucent", zigzag, 1.5, 120, {}, {}},
         {"dense, 2 px", zigzag, 2.0, 255, {}, {}},
@@ -226,7 +154,7 @@ TEST_F(PolylinePaint, AWidePenLooksLikeQtsOwnStrokeWhicheverWayItIsDrawn)
         {"sparse, 2.5 px", wave, 2.5, 255, {}, {}},
         {"sparse, 4 px", wave, 4.0, 255, {}, {}},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(c.what);
         QPen pen(QColor(200, 30, 30, c.alpha), c.width);
@@ -294,13 +222,13 @@ TEST_F(PolylinePaint, TheLayersFitCheckLeavesOutNamesLongerThanTheirSegment)
     object->SetNameFont(QFont(QStringLiteral("DejaVu Sans"), 9));
     object->SetName("a name far longer than the segment");
     object->SetData({{0, 0, 0}, {3, 0, 0}});
-    const QImage bare = RenderItemAt(Item(), 200, 60, QPointF(80, 30));
+    const QImage bare = Render(200, 60, QPointF(80, 30));
     object->SetNameVisible(true);
-    EXPECT_NE(RenderItemAt(Item(), 200, 60, QPointF(80, 30)), bare);
+    EXPECT_NE(Render(200, 60, QPointF(80, 30)), bare);
     layer->SetSecondShapeCache(true);
-    EXPECT_EQ(RenderItemAt(Item(), 200, 60, QPointF(80, 30)), bare);
+    EXPECT_EQ(Render(200, 60, QPointF(80, 30)), bare);
     object->SetName("ok");
-    EXPECT_NE(RenderItemAt(Item(), 200, 60, QPointF(80, 30)), bare);
+    EXPECT_NE(Render(200, 60, QPointF(80, 30)), bare);
 }
 
 TEST(PointListRules, CoordinatesAreTheSameWithinATrillionth)

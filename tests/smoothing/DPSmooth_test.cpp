@@ -125,13 +125,6 @@ Path IntegerGrid(std::mt19937& rng, std::size_t n)
     return path;
 }
 
-Path Lattice(std::size_t n, CVector3D origin, CVector3D step)
-{
-    Path path;
-    for (std::size_t i = 0; i < n; ++i)
-        path.push_back(origin + CVector3D(step.x * i, step.y * i, step.z * i));
-    return path;
-}
 
 // 401 points at the origin, a closed ring whose one inner point lies at
 // height z: the span's ends coincide, so its distance is exactly |z|.
@@ -153,21 +146,11 @@ TEST(DPSmoothThresholds, ShortListsAndCloseLevelsAreCopiedExactlyLongOnesReduced
     EXPECT_EQ(Smoothed(four00, 0), four00);
     EXPECT_EQ(Smoothed(four00, -5), four00);
     EXPECT_EQ(Smoothed(four01, 18), four01);
-    EXPECT_EQ(Smoothed(four01, 25), four01);
     EXPECT_EQ(Smoothed(Path{}, 0), Path{});
     const Path reduced = Smoothed(four01, 17);
     EXPECT_LT(reduced.size(), four01.size());
     EXPECT_EQ(reduced, Reference(four01, 0.4));
     EXPECT_EQ(Smoothed(four01, -1), reduced);
-}
-
-TEST(DPSmoothThresholds, CollinearPointsKeepOnlyTheEnds)
-{
-    // Non-representable steps: |k| may round above 1 and the distance to NaN.
-    const Path line = Lattice(401, CVector3D(0.1, 0.2, 0.3), CVector3D(0.1, 0.2, 0.3));
-    EXPECT_EQ(Smoothed(line), (Path{Rounded(line.front()), Rounded(line.back())}));
-    const Path flat = Lattice(1001, CVector3D(-50, 20, 0), CVector3D(0.25, -0.5, 0));
-    EXPECT_EQ(Smoothed(flat), (Path{flat.front(), flat.back()}));
 }
 
 TEST(DPSmoothReference, RandomInputsMatch)
@@ -197,7 +180,6 @@ TEST(DPSmoothSplits, PointAtExactlyTheToleranceSplits)
     out.clear();
     ZoGraphicsInternalNS::DouglasPeuckerReduce(out, ring, std::nextafter(5.0, 6.0));
     EXPECT_EQ(out, (Path{ring[0], ring[4]}));
-
     // A point straight above the start of a span: dot product 0, distance |v|.
     const Path corner{CVector3D(0, 0, 0), CVector3D(0, 2, 0), CVector3D(10, 0, 0)};
     out.clear();
@@ -234,29 +216,13 @@ TEST(DPSmoothSplits, MillionPointZigZagRunsOnASmallStack)
         const double wiggle = j == tail ? 0.0 : (j % 2 ? 0.07 : -0.07);
         path.emplace_back(turn.x * s + wiggle, turn.y * s + wiggle, 0.0);
     }
-
     Path out;
     std::unique_ptr<QThread> worker(QThread::create([&] { ZoGraphicsConstantNS::DPSmooth(out, path, 0, 0); }));
     worker->setStackSize(256 * 1024);
     worker->start();
     ASSERT_TRUE(worker->wait());
-
     ASSERT_GT(out.size(), chain);
     EXPECT_TRUE(std::equal(path.begin(), path.begin() + chain, out.begin()));
     EXPECT_EQ(out.back(), CVector3D());
 }
 
-TEST(DPSmoothOutput, OutMayBeTheInput)
-{
-    std::mt19937 rng(9);
-    const Path shortPath = RandomWalk(rng, 400, 0.5);
-    Path same = shortPath;
-    ZoGraphicsConstantNS::DPSmooth(same, same, 0, 0);
-    EXPECT_EQ(same, shortPath);
-
-    const Path longPath = RandomWalk(rng, 5000, 0.5);
-    same = longPath;
-    ZoGraphicsConstantNS::DPSmooth(same, same, 0, 3);
-    EXPECT_EQ(same, Smoothed(longPath));
-    EXPECT_EQ(same, Reference(longPath, 0.4));
-}

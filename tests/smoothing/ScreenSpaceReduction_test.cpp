@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <initializer_list>
 #include <random>
 
 using ZoGraphicsInternalNS::ReduceScreenSpaceVertices;
 
 namespace
 {
-QPolygonF Poly(std::initializer_list<QPointF> points) { return QVector<QPointF>(points); }
 
 // The reduction written the plain way, one QPolygonF::remove per dropped point.
 QPolygonF Reference(const QPolygonF& points, double t)
@@ -101,38 +99,3 @@ TEST(ScreenSpaceReductionReference, RandomInputsMatch)
     }
 }
 
-TEST(ScreenSpaceReductionMinimum, FirstAndLastTwoSurviveAtTheMinimum)
-{
-    // Distinct but nearly coincident points: every inner one is a candidate.
-    QPolygonF open;
-    for (int i = 0; i < 10; ++i)
-        open << QPointF(i * 1e-6, 0.0);
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(open, 1.0), Poly({open[0], open[8], open[9]})));
-
-    QPolygonF closed = open;
-    closed.last() = closed.first();
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(closed, 1.0), Poly({closed[0], closed[7], closed[8], closed[9]})));
-}
-
-TEST(ScreenSpaceReductionPasses, NearDuplicateAfterTheFirstPointIsDropped)
-{
-    // Big triangles everywhere, so only the near-duplicate pass can act.
-    QPolygonF zigzag;
-    for (int i = 0; i < 12; ++i)
-        zigzag << QPointF(i * 10.0, i % 2 ? 10.0 : 0.0);
-    QPolygonF input = zigzag;
-    input[2] = input[1] + QPointF(0.01, -0.01);
-    QPolygonF expected = input;
-    expected.remove(2);
-    // d = sqrt(1) * 0.0625 > 0.01
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(input, 1.0), expected));
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(zigzag, 1.0), zigzag));
-}
-
-TEST(ScreenSpaceReductionPasses, PointsOnAStraightRunAreDroppedOnlyForPositiveTolerance)
-{
-    const QPolygonF run = Poly({QPointF(0, 0), QPointF(1, 1), QPointF(2, 2), QPointF(3, 3), QPointF(4, 0), QPointF(5, 5)});
-    EXPECT_TRUE(
-        SamePoints(ReduceScreenSpaceVertices(run, 1e-9), Poly({run[0], run[3], run[4], run[5]})));
-    EXPECT_TRUE(SamePoints(ReduceScreenSpaceVertices(run, 0.0), run));
-}

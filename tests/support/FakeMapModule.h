@@ -19,7 +19,6 @@ class FakeMapModule : public IZoMapModule
 {
 public:
     FakeMapModule() : m_scene(std::make_unique<QGraphicsScene>()), m_events(std::make_unique<QObject>()) {}
-
     QObject* GetEventObject() override { return m_events.get(); }
     QGraphicsScene* GetScene() override { return withScene ? m_scene.get() : nullptr; }
     int GetTileModelKind() override { return tileModelKind; }
@@ -52,7 +51,6 @@ public:
     {
         handlers.erase(std::remove(handlers.begin(), handlers.end(), handler), handlers.end());
     }
-
     // Tells every handler about a new level, as a host does when it zooms.
     void ChangeLod(int level)
     {
@@ -66,7 +64,6 @@ public:
         for (IZoMapEventHandler* handler : std::vector<IZoMapEventHandler*>(handlers))
             handler->OnViewScaleChanged(scale);
     }
-
     QGraphicsScene* Scene() const { return m_scene.get(); }
 
     int lod = 10;

@@ -69,7 +69,6 @@ QString CompareWithReference(const QImage& actualImage, const QString& name, int
         actual.save(outputBase + QStringLiteral(".actual.png"));
         return QStringLiteral("size differs from ") + referencePath;
     }
-
     QImage diff(actual.size(), QImage::Format_ARGB32);
     diff.fill(Qt::white);
     int bad = 0;

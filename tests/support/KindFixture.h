@@ -34,7 +34,6 @@ protected:
         o->SetPenColor(QColor(20, 40, 160));
         o->SetBrushColor(brush);
     }
-
     IZoGraphicsMapLayer* layer = nullptr;
     typename Kind::Interface* object = nullptr;
 };

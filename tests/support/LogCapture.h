@@ -22,7 +22,6 @@ public:
     ~LogCapture() { ZoSetLogSink(m_previous); }
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
-
     std::vector<std::string> Messages() const
     {
         std::lock_guard<std::mutex> lock(m_mutex);

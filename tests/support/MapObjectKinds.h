@@ -20,6 +20,7 @@
 #include <ZoGraphics/ZoGraphics.h>
 
 #include <functional>
+#include <iterator>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -46,92 +47,67 @@ struct KindTexts
 enum class KindRow { Dot, Text, Circle, Ellipse, Rectangle, Bow, Bubble, MarkPoint, SVG, Widget, LayerCanvas,
                      Polyline, Polygon, MultiDot, MultiLine, MultiPolygon };
 
-inline const KindTexts kKindTexts[] = {
-    {"[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoDotMapObject::IsVisible] 模块未初始化设置",
-     "[CZoDotMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoDotMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoDotMapObject::SetMinLodLevel] MapModule模块未初始化设置", "[CZoDotMapObject::Dirty] Qt-Item不存在",
-     "[CZoDotMapObject::PaintOnCanvas] 传入参数为空", "[CZoDotMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoTextMapObject::IsVisible] 模块未初始化设置",
-     "[CZoTextMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoTextMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoTextMapObject::SetMaxLodLevel] MapModule模块未初始化设置", nullptr,
-     "[CZoTextMapObject::PaintOnCanvas] 传入参数为空", "[CZoTextMapObject::UpdatePixelPosition] ConvertSceneToPixel失败",
-     "[CZoTextMapObject::SetVisible] MapModule模块未初始化设置", true, false},
-    {"[CZoCircleMapObject::Initialise] MapModule传入为空", "[CZoCircleMapObject::IsVisible] 模块未初始化设置",
-     "[CZoCircleMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoCircleMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoCircleMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoCircleMapObject::Dirty] Qt-Item不存在",
-     "[CZoCircleMapObject::PaintOnCanvas] 传入参数为空", "[CZoCircleMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoEllipseMapObject::Initialise] MapModule传入为空", "[CZoEllipseMapObject::IsVisible] 模块未初始化设置",
-     "[CZoEllipseMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoEllipseMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoEllipseMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoEllipseMapObject::Dirty] Qt-Item不存在",
-     "[CZoEllipseMapObject::PaintOnCanvas] 传入参数为空", "[CZoEllipseMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoRectangleMapObject::Initialise] MapModule传入为空", "[CZoRectangleMapObject::IsVisible] 模块未初始化设置",
-     "[CZoRectangleMapObject::IsNameVisible] MapModule模块未初始化设置",
-     "[CZoRectangleMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoRectangleMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoRectangleMapObject::Dirty] Qt-Item不存在",
-     "[CZoRectangleMapObject::PaintOnCanvas] 传入参数为空",
-     "[CZoRectangleMapObject::ConvertGeoToPixel] ConvertSceneToPixel失败", nullptr, false, false},
-    {"[CZoBowMapObject::Initialise] MapModule传入为空", "[CZoBowMapObject::IsVisible] 模块未初始化设置",
-     "[CZoBowMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoBowMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoBowMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoBowMapObject::Dirty] Qt-Item不存在",
-     "[CZoBowMapObject::PaintOnCanvas] 传入参数为空", "[CZoBowMapObject::ConvertCenterToPixel] ConvertSceneToPixel失败",
-     nullptr, false, true},
-    {"[CZoBubbleMapObject::Initialise] MapModule传入为空", "[CZoBubbleMapObject::IsVisible] 模块未初始化设置",
-     "[CZoBubbleMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoBubbleMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoBubbleMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoBubbleMapObject::Dirty] Qt-Item不存在",
-     "[CZoBubbleMapObject::PaintOnCanvas] 传入参数为空", "[CZoBubbleMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoMarkPointMapObject::Initialise] MapModule传入为空", "[CZoMarkPointMapObject::IsVisible] 模块未初始化设置",
-     "[CZoMarkPointMapObject::IsNameVisible] MapModule模块未初始化设置",
-     "[CZoMarkPointMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoMarkPointMapObject::SetMinLodLevel] MapModule模块未初始化设置", "[CZoMarkPointMapObject::Dirty] Qt-Item不存在",
-     "[CZoMarkPointMapObject::PaintOnCanvas] 传入参数为空",
-     "[CZoMarkPointMapObject::UpdatePixelCenterPos] ConvertSceneToPixel失败", nullptr, false, false},
-    {"[CZoSVGMapObject::Initialise] MapModule传入为空", "[CZoSVGMapObject::IsVisible] 模块未初始化设置",
-     "[CZoSVGMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoSVGMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoSVGMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoSVGMapObject::Dirty] Qt-Item不存在",
-     "[CZoSVGMapObject::PaintOnCanvas] 传入参数为空", "[CZoSVGMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoWidgetMapObject::Initialise] MapModule传入为空", "[CZoWidgetMapObject::IsVisible] 模块未初始化设置",
-     "[CZoWidgetMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoWidgetMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoWidgetMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoWidgetMapObject::Dirty] Qt-Item不存在",
-     "[CZoWidgetMapObject::PaintOnCanvas] 传入参数为空", "[CZoWidgetMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoLayerCanvasMapObject::Initialise] MapModule传入为空", "[CZoLayerCanvasMapObject::IsVisible] 模块未初始化设置",
-     "[CZoLayerCanvasMapObject::IsNameVisible] MapModule模块未初始化设置",
-     "[CZoLayerCanvasMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoLayerCanvasMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoLayerCanvasMapObject::Dirty] Qt-Item不存在",
-     "[CZoLayerCanvasMapObject::PaintOnCanvas] 传入参数为空",
-     "[CZoLayerCanvasMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败", nullptr, false, false},
-    {"[CZoPolylineMapObject::Initialise] MapModule传入为空", "[CZoPolylineMapObject::IsVisible] 模块未初始化设置",
-     "[CZoPolylineMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoPolylineMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoPolylineMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoPolylineMapObject::Dirty] Qt-Item不存在",
-     "[CZoPolylineMapObject::PaintOnCanvas] 传入参数为空", "[CZoPolylineMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoPolygonMapObject::Initialise] MapModule传入为空", "[CZoPolygonMapObject::IsVisible] 模块未初始化设置",
-     "[CZoPolygonMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoPolygonMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoPolygonMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoPolygonMapObject::Dirty] Qt-Item不存在",
-     "[CZoPolygonMapObject::PaintOnCanvas] 传入参数为空", "[CZoPolygonMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, true},
-    {"[CZoMultiDotMapObject::Initialise] MapModule传入为空", "[CZoMultiDotMapObject::IsVisible] 模块未初始化设置",
-     "[CZoMultiDotMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoMultiDotMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoMultiDotMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoMultiDotMapObject::Dirty] Qt-Item不存在",
-     "[CZoMultiDotMapObject::PaintOnCanvas] 传入参数为空", "[CZoMultiDotMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoMultiLineMapObject::Initialise] MapModule传入为空", "[CZoMultiLineMapObject::IsVisible] 模块未初始化设置",
-     "[CZoMultiLineMapObject::IsNameVisible] MapModule模块未初始化设置", "[CZoMultiLineMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoMultiLineMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoMultiLineMapObject::Dirty] Qt-Item不存在",
-     "[CZoMultiLineMapObject::PaintOnCanvas] 传入参数为空", "[CZoMultiLineMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败",
-     nullptr, false, false},
-    {"[CZoMultiPolygonMapObject::Initialise] MapModule传入为空", "[CZoMultiPolygonMapObject::IsVisible] 模块未初始化设置",
-     "[CZoMultiPolygonMapObject::IsNameVisible] MapModule模块未初始化设置",
-     "[CZoMultiPolygonMapObject::SetMinLodLevel] MapModule模块未初始化设置",
-     "[CZoMultiPolygonMapObject::SetMaxLodLevel] MapModule模块未初始化设置", "[CZoMultiPolygonMapObject::Dirty] Qt-Item不存在",
-     "[CZoMultiPolygonMapObject::PaintOnCanvas] 传入参数为空",
-     "[CZoMultiPolygonMapObject::ConvertSceneToPixel] ConvertSceneToPixel失败", nullptr, false, false},
-};
+// Each text is "[<class>::<operation>] <reason>"; a row names the class, the
+// operation whose conversion failure is told, and where a class strays from
+// the others: the class its Initialise names, the operation its SetMaxLodLevel
+// names, and the Dirty and SetVisible texts it has or lacks.
+inline const KindTexts& TextsOf(KindRow row)
+{
+    struct Row
+    {
+        const char* cls;
+        const char* anchor;
+        bool keepsPlace, rotatable;
+        const char* initialiseClass = nullptr;
+        const char* maxLod = "SetMaxLodLevel";
+        bool dirty = true, setVisible = false;
+    };
+    static const Row rows[] = {
+        {"CZoDotMapObject", "ConvertSceneToPixel", false, false, "CZoTextMapObject", "SetMinLodLevel"},
+        {"CZoTextMapObject", "UpdatePixelPosition", true, false, nullptr, "SetMaxLodLevel", false, true},
+        {"CZoCircleMapObject", "ConvertCenterToPixel", false, false},
+        {"CZoEllipseMapObject", "ConvertCenterToPixel", false, false},
+        {"CZoRectangleMapObject", "ConvertGeoToPixel", false, false},
+        {"CZoBowMapObject", "ConvertCenterToPixel", false, true},
+        {"CZoBubbleMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoMarkPointMapObject", "UpdatePixelCenterPos", false, false, nullptr, "SetMinLodLevel"},
+        {"CZoSVGMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoWidgetMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoLayerCanvasMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoPolylineMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoPolygonMapObject", "ConvertSceneToPixel", false, true},
+        {"CZoMultiDotMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoMultiLineMapObject", "ConvertSceneToPixel", false, false},
+        {"CZoMultiPolygonMapObject", "ConvertSceneToPixel", false, false},
+    };
+    static std::vector<std::string> store = [] {
+        std::vector<std::string> s;
+        const std::string unset = "MapModule模块未初始化设置";
+        for (const Row& r : rows)
+        {
+            const std::string c = std::string("[") + r.cls + "::";
+            s.insert(s.end(), {std::string("[") + (r.initialiseClass ? r.initialiseClass : r.cls) +
+                                   "::Initialise] MapModule传入为空",
+                               c + "IsVisible] 模块未初始化设置", c + "IsNameVisible] " + unset,
+                               c + "SetMinLodLevel] " + unset, c + r.maxLod + "] " + unset, c + "Dirty] Qt-Item不存在",
+                               c + "PaintOnCanvas] 传入参数为空", c + r.anchor + "] ConvertSceneToPixel失败",
+                               c + "SetVisible] " + unset});
+        }
+        return s;
+    }();
+    static std::vector<KindTexts> texts = [] {
+        std::vector<KindTexts> t;
+        for (std::size_t i = 0; i < std::size(rows); ++i)
+        {
+            const std::string* s = &store[9 * i];
+            t.push_back({s[0].c_str(), s[1].c_str(), s[2].c_str(), s[3].c_str(), s[4].c_str(),
+                         rows[i].dirty ? s[5].c_str() : nullptr, s[6].c_str(), s[7].c_str(),
+                         rows[i].setVisible ? s[8].c_str() : nullptr, rows[i].keepsPlace, rows[i].rotatable});
+        }
+        return t;
+    }();
+    return texts[static_cast<std::size_t>(row)];
+}
 
 // One entry per object kind, for the tests that every kind must pass alike: it
 // creates itself through the module, builds an uninitialised instance for the
@@ -143,7 +119,7 @@ struct Kind
     using Interface = I;
     using Impl = Object;
     static constexpr KindRow kRow = row;
-    static const KindTexts& Texts() { return kKindTexts[static_cast<int>(row)]; }
+    static const KindTexts& Texts() { return TextsOf(row); }
     static Interface* Create(IZoGraphicsModule& module, const std::string& name, IZoGraphicsMapLayer* layer)
     {
         return (module.*Creator)(name, layer);
@@ -214,7 +190,4 @@ std::vector<MapObjectMaker> MakersOf(::testing::Types<Kinds...>)
     }...};
 }
 
-inline std::vector<MapObjectMaker> EveryKindMaker()
-{
-    return MakersOf(MapObjectKindList());
-}
+inline std::vector<MapObjectMaker> EveryKindMaker() { return MakersOf(MapObjectKindList()); }

@@ -23,7 +23,6 @@ protected:
         m_unintialised = true;
     }
     IZoGraphicsMapLayer* DefaultLayer() { return module.GetDeafultGraphicsLayer(); }
-
     FakeMapModule map;
     CZoGraphicsModule module;
     LogCapture log;

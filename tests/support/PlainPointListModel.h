@@ -9,10 +9,8 @@
 struct PointListModel
 {
     using Line = std::vector<CVector3D>;
-
     std::vector<Line> lines;
     CVector3D anchor;
-
     std::size_t Total() const
     {
         std::size_t n = 0;

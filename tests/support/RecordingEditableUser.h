@@ -31,20 +31,17 @@ public:
     ZO_RECORD(OnProcessTranslation, "ProcessTranslation", ZO_POINT, Point(p))
     ZO_RECORD(OnBackoutTranslation, "BackoutTranslation", ZO_POINT, Point(p))
     ZO_RECORD(OnCompleteTranslation, "CompleteTranslation", ZO_POINT, Point(p))
-
     double GetEditorRotation(IZoGraphicsEditObject*) const override { return rotation; }
     CVector3D GetEditorControlPoint(IZoGraphicsEditObject*) const override { return controlPoint; }
     ZO_RECORD(OnStartRotation, "StartRotation", , "")
     ZO_RECORD(OnProcessRotation, "ProcessRotation", ZO_ANGLES, Number(angle) + "," + Number(delta))
     ZO_RECORD(OnBackoutRotation, "BackoutRotation", ZO_ANGLE, Number(angle))
     ZO_RECORD(OnCompleteRotation, "CompleteRotation", ZO_ANGLE, Number(angle))
-
     EXTENT GetEditorBoundingBox(IZoGraphicsEditObject*) const override { return box; }
     ZO_RECORD(OnStartScaleBoundingBox, "StartScale", , "")
     bool OnProcessScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override { return Adjust(e, "ProcessScale", b); }
     ZO_RECORD(OnBackoutScaleBoundingBox, "BackoutScale", ZO_BOX, Box(b))
     bool OnCompleteScaleBoundingBox(IZoGraphicsEditObject* e, EXTENT& b) override { return Adjust(e, "CompleteScale", b); }
-
     std::vector<CVector3D> GetEditorKeyPointSet(IZoGraphicsEditObject*) override { return points; }
     bool IsKeyPointClosePath() const override { return closed; }
     bool IsEnableVirtualIndicate() const override { return indicators; }
@@ -66,13 +63,11 @@ public:
     {
         return Number(b.xmin) + "," + Number(b.ymin) + "," + Number(b.xmax) + "," + Number(b.ymax);
     }
-
     std::vector<std::string> calls;
     std::vector<IZoGraphicsEditObject*> editors;
     std::set<std::string> takeOver;
     std::function<void(const std::string&)> onCall;
     std::function<void(EXTENT&)> adjustBox;
-
     CVector3D position;
     double rotation = 0.0;
     CVector3D controlPoint;
@@ -119,7 +114,6 @@ public:
     static int PixelX(double lon) { return static_cast<int>(std::lround(lon * 10.0)); }
     static int PixelY(double lat) { return static_cast<int>(std::lround(-lat * 10.0)); }
     Qt::CursorShape Shape() const { return area.viewport()->cursor().shape(); }
-
     QAbstractScrollArea area;
     bool offMap = false;
 };

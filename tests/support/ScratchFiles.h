@@ -7,10 +7,7 @@
 #include <string>
 
 // Text as the library takes it: GB18030.
-inline std::string Gb18030(const QString& text)
-{
-    return ConvertQStringToStdString(text, "GB18030");
-}
+inline std::string Gb18030(const QString& text) { return ConvertQStringToStdString(text, "GB18030"); }
 
 // A scratch folder for the files a test loads, removed with the object.
 class ScratchFiles
