@@ -4,9 +4,7 @@
 #include "support/ModuleFixture.h"
 #include "support/RenderItem.h"
 #include "support/ScratchFiles.h"
-
 #include <ZoGraphics/ZoGeoJson.h>
-
 #include <QBuffer>
 #include <QGraphicsTextItem>
 #include <QTextDocument>
@@ -59,7 +57,6 @@ QByteArray Encoded(const char* format)
     image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format);
     return bytes;
 }
@@ -70,8 +67,7 @@ QByteArray Claiming(const char* format, quint16 side)
 {
     QByteArray bytes = Encoded(format);
     const bool png = qstrcmp(format, "PNG") == 0;
-    const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5;
-    const int step = png ? 4 : 2;
+    const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5, step = png ? 4 : 2;
     for (int i = 0; i < 2; ++i)
     {
         bytes[header + step * (i + 1) - 2] = static_cast<char>(side >> 8);
@@ -115,11 +111,9 @@ protected:
     {
         const char* name;
         std::function<void(const std::string& path)> read;
-        std::string notRegular;
-        std::string hugePicture;
+        std::string notRegular, hugePicture;
         std::vector<std::string> followUp; // logged after the refusal of what is not a file
     };
-
     std::vector<Reader> Readers()
     {
         const std::string svgImage = "[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: ";
@@ -154,7 +148,6 @@ protected:
              "[CZoGeoJsonReader::LoadFile] 不是普通文件: ", ""},
         };
     }
-
     // Lays the text out, which is when Qt asks for its images.
     QGraphicsTextItem* Html(const std::string& html)
     {
@@ -163,7 +156,6 @@ protected:
         text->GetQtItem()->boundingRect();
         return static_cast<QGraphicsTextItem*>(text->GetQtItem());
     }
-
     ScratchFiles files;
 };
 } // namespace
@@ -194,21 +186,19 @@ TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHe
     for (const auto& [path, declared] :
          std::vector<std::pair<std::string, std::string>>{{png, "30000x30000"}, {jpeg, "60000x60000"}})
         for (const Reader& r : Readers())
-        {
-            if (r.hugePicture.empty())
-                continue;
-            SCOPED_TRACE(std::string(r.name) + " " + path);
-            log.Clear();
-            r.read(path);
-            const bool namesThePath = r.name == std::string("svg image");
-            EXPECT_EQ(log.Messages(), std::vector<std::string>{r.hugePicture + (namesThePath ? path : declared)});
-        }
+            if (!r.hugePicture.empty())
+            {
+                log.Clear();
+                r.read(path);
+                const bool namesThePath = r.name == std::string("svg image");
+                EXPECT_EQ(log.Messages(), std::vector<std::string>{r.hugePicture + (namesThePath ? path : declared)}) << r.name;
+            }
     // Inline in an SVG, the same picture is refused before Qt decodes it.
     log.Clear();
     const QString inlined = QStringLiteral("data:image/png;base64,") + QString::fromLatin1(Claiming("PNG", 30000).toBase64());
     EXPECT_TRUE(ConvertSVGToImage(files.Write(QStringLiteral("inline.svg"), SvgWithImage(inlined))).isNull());
-    ASSERT_EQ(log.Messages().size(), 1u);
-    EXPECT_EQ(log.Messages()[0].rfind("[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: data:image/png", 0), 0u);
+    EXPECT_EQ(log.Messages(), std::vector<std::string>{"[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: " +
+                                                        inlined.left(256).toStdString()});
 }
 
 TEST_F(HostileFilesTest, HugeSvgsAreRenderedAtTheCapAndHugeGeoJsonIsNotRead)

@@ -1,12 +1,8 @@
 #include <ZoGraphics/ZoLogSystem.h>
-
 #include "support/LogCapture.h"
-
 #include <gtest/gtest.h>
-
 #include <QString>
 #include <QtGlobal>
-
 #include <string>
 #include <vector>
 
@@ -18,9 +14,7 @@ struct QtMessage
     std::string category;
     QString text;
 };
-
 std::vector<QtMessage> g_qtMessages;
-
 void RecordQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     g_qtMessages.push_back({type, context.category ? context.category : "", text});
@@ -77,10 +71,8 @@ TEST(LogSystem, DefaultSinkWritesToTheQtCategory)
     ZoLogInfo() << "i";
     qInstallMessageHandler(previous);
     ZoSetLogSink(before);
-    ASSERT_EQ(g_qtMessages.size(), 3u);
-    EXPECT_EQ(g_qtMessages[0].type, QtWarningMsg);
-    EXPECT_EQ(g_qtMessages[0].category, "zo.graphics");
-    EXPECT_EQ(g_qtMessages[0].text, QStringLiteral("[A::B] 失败"));
-    EXPECT_EQ(g_qtMessages[1].type, QtCriticalMsg);
-    EXPECT_EQ(g_qtMessages[2].type, QtInfoMsg);
+    std::string seen;
+    for (const QtMessage& m : g_qtMessages)
+        seen += std::to_string(m.type) + " " + m.category + " " + m.text.toStdString() + "|";
+    EXPECT_EQ(seen, "1 zo.graphics [A::B] 失败|2 zo.graphics e|4 zo.graphics i|");
 }
