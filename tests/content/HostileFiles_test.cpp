@@ -1,6 +1,6 @@
 // Files a careless or hostile host hands to the readers: what is not a regular
-// file, pictures that declare huge sizes, GeoJSON past its size cap. Each
-// reader refuses them with its own text and keeps working.
+// file, pictures that declare huge sizes. Each reader refuses them with its
+// own text and keeps working.
 #include "support/ModuleFixture.h"
 #include "support/RenderItem.h"
 #include "support/ScratchFiles.h"
@@ -199,22 +199,6 @@ TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHe
     EXPECT_TRUE(ConvertSVGToImage(files.Write(QStringLiteral("inline.svg"), SvgWithImage(inlined))).isNull());
     EXPECT_EQ(log.Messages(), std::vector<std::string>{"[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: " +
                                                         inlined.left(256).toStdString()});
-}
-
-TEST_F(HostileFilesTest, HugeSvgsAreRenderedAtTheCapAndHugeGeoJsonIsNotRead)
-{
-    IZoMarkPointMapObject* mark = module.CreateMarkPointMapObject("m", nullptr);
-    mark->SetIconFile(files.Write(QStringLiteral("wide.svg"),
-                                  "<svg xmlns='http://www.w3.org/2000/svg' width='32768' height='16'/>"));
-    EXPECT_EQ(mark->GetIcon().size(), QSize(8192, 4));
-    const std::string huge = files.Path(QStringLiteral("huge.geojson"));
-    QFile sparse(files.FilePath(QStringLiteral("huge.geojson")));
-    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly) && sparse.resize((qint64(256) << 20) + 1)); // no blocks written
-    sparse.close();
-    EXPECT_FALSE(ZoGeoJsonNS::LoadGeoJsonFile(&module, nullptr, huge).parsed);
-    EXPECT_EQ(log.Messages(),
-              (std::vector<std::string>{"[CZoMarkPointMapObject::SetIconFile] SVG尺寸过大, 图像已缩小到: 8192x4",
-                                        "[CZoGeoJsonReader::LoadFile] 文件超过大小上限: " + huge}));
 }
 
 TEST_F(HostileFilesTest, OrdinaryPicturesStillLoadEverywhere)

@@ -194,13 +194,3 @@ TEST_F(MarkPoint, PinsWithALabelOnEachSideMatchTheirReferences)
     EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 140, 100), QStringLiteral("markpoint_label_3"), 16, 12),
               QString());
 }
-
-TEST_F(MarkPoint, APinWithoutIconOrNameIsADot)
-{
-    map.ChangeViewScale(0.5); // s = 2: radius 6
-    const QImage image = RenderItemCentred(Item(), 40, 40);
-    EXPECT_EQ(QList<QColor>({image.pixelColor(20, 20), image.pixelColor(24, 20), image.pixelColor(29, 20)}),
-              QList<QColor>({Qt::red, Qt::red, Qt::white}));
-    object->SetIconVisible(false); // hides the dot too
-    EXPECT_EQ(RenderItemCentred(Item(), 40, 40).pixelColor(20, 20), QColor(Qt::white));
-}

@@ -85,22 +85,6 @@ TEST_F(SVG, FailedLoadsMoveTheOldPictureAndKeepThePath)
     EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] MapModule传入为空"}));
 }
 
-TEST_F(SVG, ScalesAccumulateAndSingleAxisSettersSquareTheOtherAxis)
-{
-    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
-    const auto scales = [this] { return std::make_pair(object->GetXScale(), object->GetYScale()); };
-    object->SetXYScale(2.0, 2.0);
-    object->SetXYScale(2.0, 2.0);
-    EXPECT_EQ(scales(), std::make_pair(4.0, 4.0));
-    object->SetXScale(0.5);
-    EXPECT_EQ(scales(), std::make_pair(2.0, 16.0));
-    object->SetYScale(0.25);
-    EXPECT_EQ(scales(), std::make_pair(4.0, 4.0));
-    EXPECT_EQ(object->GetGeoExtent().xmax - object->GetGeoExtent().xmin, 16.0); // follows the drawn picture
-    object->SetXYScale(std::nan(""), 1.0);
-    EXPECT_EQ(scales(), std::make_pair(4.0, 4.0));
-}
-
 TEST_F(SVG, OperationsWithoutItemOrMapLogTheirTexts)
 {
     {

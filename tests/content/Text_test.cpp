@@ -44,20 +44,6 @@ protected:
     }
 };
 
-TEST_F(Text, StoredTextAnswersByModeAndDirtyLoadsItIntoANewItem)
-{
-    layer->SetAutoAdd(false);
-    IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
-    loose->SetHtml("<b>x</b>");
-    EXPECT_EQ(loose->GetText(), "");
-    loose->SetText("plain");
-    EXPECT_EQ(loose->GetHtml(), "");
-    loose->Dirty();
-    ASSERT_NE(loose->GetQtItem(), nullptr);
-    EXPECT_EQ(static_cast<QGraphicsTextItem*>(loose->GetQtItem())->toPlainText(), QStringLiteral("plain"));
-    EXPECT_TRUE(log.Messages().empty());
-}
-
 // The look is kept in the document's formats, and survives the text being
 // replaced, plain or HTML.
 TEST_F(Text, LookLivesInTheDocumentAndSurvivesNewText)
@@ -129,35 +115,6 @@ TEST_F(Text, InteractionNeedsAPresentedVisibleItem)
     EXPECT_EQ(log.Messages(), (Messages{"[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
                                         "[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
                                         "[CZoTextMapObject::EnableTextInteraction] Qt-Item不存在"}));
-}
-
-TEST_F(Text, AnglesNormaliseAndTheEditAngleStaysSilent)
-{
-    object->SetRotateAngle(370.0);
-    EXPECT_EQ(Item()->rotation(), 10.0);
-    object->SetRotationVector(CVector3D(1.0, 2.0, -30.0));
-    EXPECT_EQ(Item()->rotation(), object->GetRotateAngle());
-    object->SetRotateAngle(std::nan(""));
-    EXPECT_EQ(Item()->rotation(), object->GetRotateAngle());
-    object->SetEditAngle(40.0);
-    EXPECT_EQ(object->GetEditAngle(), 0.0);
-}
-
-TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
-{
-    map.ChangeViewScale(4.0);
-    EXPECT_EQ(Item()->scale(), 0.25);
-    object->SetScaleWithMap(false);
-    EXPECT_EQ(Item()->scale(), 1.0);
-    map.ChangeViewScale(2.0);
-    EXPECT_EQ(Item()->scale(), 1.0);
-    // Rebuild follows the map's scale whatever the switch says.
-    object->Rebuild(8.0);
-    EXPECT_EQ(Item()->scale(), 0.125);
-    object->Rebuild(0.0);
-    object->Rebuild(-3.0);
-    object->SetResolution(0.0);
-    EXPECT_EQ(Item()->scale(), 0.125);
 }
 
 // The longest line by characters ("iiiiii", not "WW") and every line; an

@@ -102,24 +102,3 @@ TEST_F(Widget, TheCallersWidgetOutlivesTheObjectAndMayGoFirst)
     other->Dirty();
     EXPECT_EQ(static_cast<QGraphicsProxyWidget*>(other->GetQtItem())->widget()->findChild<QWidget*>(), nullptr);
 }
-
-TEST_F(Widget, CanvasPaintingRendersTheWidgetFromItsAnchor)
-{
-    QWidget swatch;
-    swatch.resize(20, 10);
-    swatch.setAutoFillBackground(true);
-    QPalette palette = swatch.palette();
-    palette.setColor(QPalette::Window, QColor(200, 30, 30));
-    swatch.setPalette(palette);
-    object->SetWidget(&swatch);
-    object->SetAnchor(CVector3D(10.0, 10.0, 0.0));
-    QImage canvas = BlankCanvas(256, 256);
-    QPainter painter(&canvas);
-    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    // (0, 0) is pixel (128, 128) at level 0; the widget ends there at its bottom.
-    for (const QPoint& inside : {QPoint(120, 120), QPoint(137, 127)})
-        EXPECT_EQ(canvas.pixelColor(inside), QColor(200, 30, 30));
-    for (const QPoint& outside : {QPoint(120, 130), QPoint(115, 115)})
-        EXPECT_EQ(canvas.pixelColor(outside), QColor(Qt::white));
-}

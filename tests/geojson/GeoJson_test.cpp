@@ -90,21 +90,6 @@ TEST_F(GeoJson, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
     EXPECT_EQ(geometry.value("coordinates").toArray().at(0).toArray().size(), 2);
 }
 
-// Positions the map cannot place are refused with their feature or ring,
-// never drawn at the origin; the poles and the antimeridian are on the map.
-TEST_F(GeoJson, PositionsOffTheMapAreRefused)
-{
-    const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("off_map.geojson"));
-    EXPECT_EQ(log.Messages(),
-              (Messages{kAt + "0多边形0环0已丢弃: 坐标超出地图范围", kAt + "1无效: 坐标超出地图范围",
-                        kAt + "2无效: 坐标超出地图范围", kAt + "3无效: 坐标超出地图范围"}));
-    EXPECT_EQ(result.skipped, 3);
-    ASSERT_EQ(result.objects.size(), 2u);
-    EXPECT_EQ(GeometryOf(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[0])),
-              (Rings{{{10, 10, 0}, {12, 10, 0}, {12, 12, 0}}}));
-    EXPECT_EQ(result.objects[1]->GetName(), "Antarctica");
-}
-
 // What was read comes back: "id", "bbox", a "name" that is no string,
 // features without geometry; rings follow the right-hand rule.
 TEST_F(GeoJson, WritingGivesBackWhatWasReadWithRightHandRings)

@@ -12,17 +12,6 @@ protected:
     IZoGraphicsMapLayer* layer = nullptr;
 };
 
-TEST_F(GraphicsMapLayer, AttachingTwiceKeepsOneEntryAndLeavesZAlone)
-{
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);
-    EXPECT_EQ(dot->GetZValue(), 400);
-    dot->SetZValue(5);
-    EXPECT_TRUE(layer->AttachMapObject(dot));
-    EXPECT_EQ(layer->GetMapObjectCount(), 1);
-    EXPECT_EQ(dot->GetZValue(), 5);
-    EXPECT_FALSE(layer->AttachMapObject(nullptr) || layer->ContainsMapObject(nullptr) || layer->DetachMapObject(nullptr));
-}
-
 TEST_F(GraphicsMapLayer, PropagatingSettersReachEveryObject)
 {
     IZoDotMapObject* a = module.CreateDotMapObject("a", layer);
@@ -37,19 +26,6 @@ TEST_F(GraphicsMapLayer, PropagatingSettersReachEveryObject)
     EXPECT_FALSE(a->GetQtItem()->isVisible());
     layer->SetVisible(true);
     EXPECT_TRUE(b->GetQtItem()->isVisible());
-}
-
-TEST_F(GraphicsMapLayer, WithoutAutoAddItemsEnterTheSceneOnlyThroughSetInScene)
-{
-    layer->SetAutoAdd(false);
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);
-    EXPECT_EQ(dot->GetQtItem(), nullptr);
-    layer->SetInScene(true); // the current value: nothing happens
-    EXPECT_FALSE(dot->IsInScene());
-    layer->SetInScene(false);
-    layer->SetInScene(true);
-    ASSERT_NE(dot->GetQtItem(), nullptr);
-    EXPECT_TRUE(dot->GetQtItem()->scene() == map.Scene() && dot->GetQtItem()->isVisible());
 }
 
 TEST_F(GraphicsMapLayer, DetachingTakesItemsOutOfTheSceneAndDestroyingAllGoesThroughTheModule)

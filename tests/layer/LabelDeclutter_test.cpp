@@ -90,27 +90,6 @@ TEST_F(LabelDeclutter, TheHigherZWinsAndBothObjectsStillDrawAndHit)
     EXPECT_GT(All(canvas.convertToFormat(QImage::Format_ARGB32), qRgb(0, 0, 255)), 20);
 }
 
-TEST_F(LabelDeclutter, AmongEqualZTheLowerIdWinsAndApartBothShow)
-{
-    MakePair();
-    declutter->SetLabelDeclutter(true);
-    QImage frame = Frame();
-    EXPECT_GT(Right(frame, qRgb(255, 0, 0)), 20); // created first
-    EXPECT_EQ(Right(frame, qRgb(0, 0, 255)), 0);
-    high->SetPosition(CVector3D(1.0, -2.0, 0.0)); // 30 pixels lower: no overlap
-    frame = Frame();
-    EXPECT_GT(All(frame, qRgb(255, 0, 0)), 20);
-    EXPECT_GT(All(frame, qRgb(0, 0, 255)), 20);
-    high->SetPosition(CVector3D(1.3, 1.0, 0.0));
-    low->SetNameVisible(false); // a hidden label takes no room
-    EXPECT_GT(Right(Frame(), qRgb(0, 0, 255)), 20);
-    declutter->SetLabelDeclutter(false);
-    low->SetNameVisible(true);
-    frame = Frame();
-    EXPECT_GT(Right(frame, qRgb(255, 0, 0)), 20);
-    EXPECT_GT(Right(frame, qRgb(0, 0, 255)), 20);
-}
-
 // Nine dots of radius 20 on one spot: the first keeps its own place, the
 // second goes above right, the third below right; the counts follow the
 // last frame.

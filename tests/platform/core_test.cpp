@@ -47,17 +47,3 @@ TEST(CoreMath, NormalizeDegreeLandsInZeroTo360)
     EXPECT_TRUE(std::isnan(NormalizeDegree(kNaN)));
     EXPECT_EQ(NormalizeDegree(-kInf), -kInf);
 }
-
-TEST(VariantSet, CopiesAreIndependentAndClearEmptiesBoth)
-{
-    CZoVariantSetObject set;
-    set.SetProperty("name", QStringLiteral("北京"));
-    set.SetUserData(7, 42);
-    CZoVariantSetObject copy(set);
-    set.RemoveProperty("name");
-    EXPECT_FALSE(set.HasProperty("name"));
-    EXPECT_EQ(copy.GetProperty("name").toString(), QStringLiteral("北京"));
-    copy.Clear();
-    EXPECT_FALSE(copy.GetUserData(7).isValid());
-    EXPECT_EQ(set.GetUserData(7).toInt(), 42);
-}

@@ -45,17 +45,3 @@ TEST(SrsTransform, GeographicToPseudoMercatorAndBack)
     LogCapture quiet;
     EXPECT_FALSE(own.TransformPoint({0.0, 0.0, 0.0}, 4326, 999999, &unknown));
 }
-
-TEST(SrsTransform, FailuresReturnTheInputAndWarn)
-{
-    LogCapture capture;
-    const CVector3D point(116.4074, 39.9042, 3.0);
-    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(point, nullptr, Srs(3857)), point);
-    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(point, Srs(4326), nullptr), point);
-    const CVector3D beyondPole(10.0, 95.0, 0.0);
-    EXPECT_EQ(RxGDALUtilityNS::TransformGeoSRS_Point(beyondPole, Srs(4326), Srs(3857)), beyondPole);
-    const CVector3D nan = RxGDALUtilityNS::TransformGeoSRS_Point({NAN, 10.0, 0.0}, Srs(4326), Srs(3857));
-    EXPECT_TRUE(std::isnan(nan.x) && nan.y == 10.0);
-    EXPECT_EQ(capture.Messages(),
-              std::vector<std::string>(4, "[RxGDALUtilityNS::TransformGeoSRS_Point] 坐标转换失败"));
-}

@@ -7,8 +7,6 @@
 
 namespace
 {
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kMercatorMaxLat = 85.05112877980659;
 
 CTileModel* Mercator() { return ITileModel::GetTileModel(E_TILE_MODEL_WEB_MERCATOR); }
@@ -77,30 +75,4 @@ TEST(TileModelConversion, KnownPixelsOfBothSchemes)
     ASSERT_TRUE(Geodetic()->ConvertGeoToPixel(&lon, &lat, 0, 0.7, -0.35));
     EXPECT_DOUBLE_EQ(lon, 256.0 + 0.7 / 0.703125);
     EXPECT_DOUBLE_EQ(lat, 128.0 + 0.35 / 0.703125);
-}
-
-TEST(TileModelConversion, BadArgumentsFailAndLeaveOutputsAlone)
-{
-    for (CTileModel* model : {Mercator(), Geodetic()})
-    {
-        int ix = 7, iy = 7;
-        double dx = 7.0, dy = 7.0;
-        for (int level : {-1, 22})
-        {
-            EXPECT_FALSE(model->ConvertGeoToPixel(&ix, &iy, level, 0.0, 0.0));
-            EXPECT_FALSE(model->ConvertPixelToGeo(&dx, &dy, level, 1, 1));
-        }
-        for (double bad : {kNaN, kInf, -kInf})
-        {
-            EXPECT_FALSE(model->ConvertGeoToPixel(&ix, &iy, 3, bad, 0.0));
-            EXPECT_FALSE(model->ConvertGeoToPixel(&dx, &dy, 3, 0.0, bad));
-            EXPECT_FALSE(model->ConvertPixelToGeo(&dx, &dy, 3, 0.0, bad));
-        }
-        EXPECT_FALSE(model->ConvertGeoToPixel(static_cast<int*>(nullptr), &iy, 3, 0.0, 0.0));
-        EXPECT_FALSE(model->ConvertPixelToGeo(&dx, nullptr, 3, 1.0, 1.0));
-        // Far outside the world the integer pixel no longer fits an int.
-        EXPECT_FALSE(model->ConvertGeoToPixel(&ix, &iy, 21, 1.0e6, 0.0));
-        EXPECT_EQ(std::make_pair(ix, iy), std::make_pair(7, 7));
-        EXPECT_EQ(std::make_pair(dx, dy), std::make_pair(7.0, 7.0));
-    }
 }
