@@ -4,7 +4,6 @@
 #include "fuzz/ZoFuzz.h"
 #include <ZoGraphics/CZoMapModule.h>
 #include <ZoGraphics/ZoGeoJson.h>
-#include <ZoGraphics/ZoGraphics.h>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>

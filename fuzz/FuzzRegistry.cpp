@@ -1,8 +1,7 @@
-// The module's registries against a plain model: objects and layers created,
-// renamed, looked up, stacked, switched and destroyed in any order, the
-// module torn down and made again; edit gadgets whose handles' layer is
-// cleared, and hosts that tear the module down or give the gadget back from
-// inside a gadget's callback.
+// The module's registries against a plain model: objects and layers made,
+// renamed, stacked, switched and destroyed in any order, the module made
+// anew; edit gadgets whose handles are cleared, or that are given back or
+// lose their module inside their own callback.
 #include "fuzz/ZoFuzz.h"
 #include "support/RecordingEditableUser.h"
 #include <ZoGraphics/CZoMapModule.h>
@@ -88,9 +87,25 @@ public:
         {
         case 0:
         case 1: Create(in); break;
-        case 2: DestroyObject(in); break;
-        case 3: Rename(in); break;
-        case 4: CreateLayer(in); break;
+        case 2:
+            if (in.Int(0, 15) == 0)
+                m_module->DestroyGraphicsMapObject(nullptr);
+            else if (SObject* o = LiveObject(in))
+                m_module->DestroyGraphicsMapObject(o->object), o->alive = false;
+            break;
+        case 3:
+            if (SObject* o = LiveObject(in))
+            {
+                const std::string name = kNames[in.Int(0, kNameCount - 1)];
+                o->object->SetName(name), o->name = AsStored(name);
+            }
+            break;
+        case 4: {
+            const std::string name = kNames[in.Int(0, kNameCount - 1)];
+            m_layers.push_back({m_module->CreateGraphicsLayer(name), name, true});
+            ZO_FUZZ_CHECK(m_layers.back().layer != nullptr, "layer creator failed");
+            break;
+        }
         case 5: DestroyLayer(in); break;
         case 6: SwitchLayer(in); break;
         case 7: Stack(in); break;
@@ -272,29 +287,6 @@ private:
             return;
         ZO_FUZZ_CHECK(m_objects.empty() || object->GetObjectID() > m_objects.back().id, "ids rise");
         m_objects.push_back({object, object->GetObjectID(), AsStored(name), kind, layer, true});
-    }
-    void DestroyObject(CZoFuzzInput& in)
-    {
-        if (in.Int(0, 15) == 0)
-            return m_module->DestroyGraphicsMapObject(nullptr);
-        if (SObject* o = LiveObject(in))
-            m_module->DestroyGraphicsMapObject(o->object), o->alive = false;
-    }
-    void Rename(CZoFuzzInput& in)
-    {
-        if (SObject* o = LiveObject(in))
-        {
-            const std::string name = kNames[in.Int(0, kNameCount - 1)];
-            o->object->SetName(name);
-            o->name = AsStored(name);
-        }
-    }
-    void CreateLayer(CZoFuzzInput& in)
-    {
-        const std::string name = kNames[in.Int(0, kNameCount - 1)];
-        IZoGraphicsMapLayer* layer = m_module->CreateGraphicsLayer(name);
-        ZO_FUZZ_CHECK(layer != nullptr, "layer creator failed");
-        m_layers.push_back({layer, name, true});
     }
     // Objects on a destroyed layer stay registered, without a layer; a
     // layer's destroy-all takes them from the registry.

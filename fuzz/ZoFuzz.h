@@ -27,10 +27,7 @@ using ZoFuzzFailureHandler = void (*)(const std::string& what);
 void ZoFuzzSetFailureHandler(ZoFuzzFailureHandler handler);
 void ZoFuzzFail(const std::string& what);
 #define ZO_FUZZ_CHECK(condition, what)                                                                            \
-    do                                                                                                            \
-        if (!(condition))                                                                                         \
-            ZoFuzzFail(std::string(__FILE__ ":") + std::to_string(__LINE__) + ": " #condition ": " + (what));     \
-    while (0)
+    ((condition) ? void() : ZoFuzzFail(std::string(__FILE__ ":") + std::to_string(__LINE__) + ": " #condition ": " + (what)))
 
 // Operations and values drawn from the bytes; past the end every read gives
 // zero, so that any input is a whole run.

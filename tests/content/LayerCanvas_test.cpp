@@ -34,21 +34,6 @@ protected:
     }
 };
 
-TEST_F(LayerCanvas, ItemSpansTheExtentFromItsTopLeftCorner)
-{
-    object->SetExtent(EXTENT{10.0, 20.0, 30.0, 40.0});
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(100.0, -400.0, 200.0, 200.0));
-    // The host zooms: the next position update follows the new pixels.
-    map.pixelsPerDegree = 20.0;
-    object->UpdatePosition();
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(200.0, -800.0, 400.0, 400.0));
-    // Bad extents are ignored.
-    object->SetExtent(EXTENT{std::nan(""), 0.0, 1.0, 1.0});
-    object->SetExtent(EXTENT{0.0, 0.0, HUGE_VAL, 1.0});
-    EXPECT_EQ(object->GetExtent(), (EXTENT{10.0, 20.0, 30.0, 40.0}));
-    EXPECT_TRUE(object->GetBoundingBox().min == CVector3D(10, 20, 0) && object->GetBoundingBox().max == CVector3D(30, 40, 0));
-}
-
 // Without a picture nothing is drawn, but hits are still taken; a picture is
 // stretched over the extent the right way up, on the scene and on a canvas.
 TEST_F(LayerCanvas, ImageIsStretchedTheRightWayUpAndNoImageDrawsNothing)

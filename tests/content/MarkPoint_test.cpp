@@ -136,31 +136,6 @@ TEST_F(MarkPoint, IconFilesAreReadByContent)
     EXPECT_LE(system.width(), 64);
 }
 
-TEST(MarkPointBoundingBox, IconWidthWinsOnceItPassesHalfTheText)
-{
-    const QFont font(QStringLiteral("DejaVu Sans"), 12);
-    const QFontMetrics metrics(font);
-    const std::string text = "ab\nlongest line";
-    const double t = metrics.horizontalAdvance(QStringLiteral("longest line")), lines = metrics.height() * 2.0;
-    const CVector3D position(10.0, 50.0, 0.0);
-    const CTileModel* tiles = ITileModel::GetTileModel(2, true);
-    int px = 0, py = 0;
-    ASSERT_TRUE(tiles->ConvertGeoToPixel(&px, &py, 21, position.x, position.y));
-    const auto expectWidth = [&](int iconWidth, double w) {
-        double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-        tiles->ConvertPixelToGeo(&x1, &y1, 21, px - w * 0.5 * 2.0, py - 30 * 2.0);
-        tiles->ConvertPixelToGeo(&x2, &y2, 21, px + w * 0.5 * 2.0, py + lines * 2.0);
-        const CAABB b = CalculateTypicalMarkPointBoudingBox(text, font, position, iconWidth, 30, 2.0);
-        EXPECT_EQ(b.min, CVector3D(x1, y2, 0.0)) << iconWidth;
-        EXPECT_EQ(b.max, CVector3D(x2, y1, 0.0)) << iconWidth;
-    };
-    const int narrow = static_cast<int>(t * 0.5) - 1;
-    const int past = static_cast<int>(t * 0.5) + 1; // still narrower than the text
-    expectWidth(narrow, t);
-    expectWidth(past, past);
-    EXPECT_TRUE(CalculateTypicalMarkPointBoudingBox(text, font, CVector3D(HUGE_VAL, 0, 0), 8, 8, 1.0).IsEmpty());
-}
-
 // On the scene at every label side, and on a canvas (at scale one, whatever
 // the view's) through a temporary item.
 TEST_F(MarkPoint, PinsWithALabelOnEachSideMatchTheirReferences)

@@ -59,32 +59,6 @@ TEST_F(SVG, LoadingCentresThePictureAndSpansTwiceItsSizeOnce)
     EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] 传入路径相等，不重复加载"}));
 }
 
-TEST_F(SVG, FailedLoadsMoveTheOldPictureAndKeepThePath)
-{
-    ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(0.0, 0.0, 0.0)));
-    const std::vector<std::string> broken = {
-        files.Write(QStringLiteral("truncated.svg"), QByteArray(kPicture).left(60)),
-        files.Path(QStringLiteral("missing.svg")),
-        std::string("\x81\x30\xff.svg", 7),
-    };
-    double x = 1.0;
-    for (const std::string& path : broken)
-    {
-        log.Clear();
-        EXPECT_FALSE(object->LoadSVGFile(path, CVector3D(x, 0.0, 0.0))) << path;
-        EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] Qt-Item加载SVG失败"})) << path;
-        EXPECT_EQ(object->GetSVGFile(), picture);
-        // Moved to the new centre with the size it had.
-        EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(x * 10.0 - 20.0, -10.0, 40.0, 20.0)) << path;
-        x += 1.0;
-    }
-    log.Clear();
-    EXPECT_FALSE(object->LoadSVGFile("", CVector3D()));
-    CZoSVGMapObject loose;
-    EXPECT_FALSE(loose.LoadSVGFile(picture, CVector3D())); // no map module: silent
-    EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] MapModule传入为空"}));
-}
-
 TEST_F(SVG, OperationsWithoutItemOrMapLogTheirTexts)
 {
     {
@@ -104,12 +78,9 @@ TEST_F(SVG, OperationsWithoutItemOrMapLogTheirTexts)
               (Messages{"[CZoSVGMapObject::GetXScale] Qt-Item为空", "[CZoSVGMapObject::GetYScale] Qt-Item为空",
                         "[CZoSVGMapObject::SetXYScale] Qt-Item为空", "[CZoSVGMapObject::SetXScale] Qt-Item为空",
                         "[CZoSVGMapObject::SetYScale] Qt-Item为空", "[CZoSVGMapObject::Rotate] Qt-Item为空",
-                        "[CZoSVGMapObject::ConvertToImage] Qt-Item为空",
-                        "[CZoSVGMapObject::CalculateGeoExtent] Qt-Item为空",
-                        "[CZoSVGMapObject::GetWidth] MapModule传入为空",
-                        "[CZoSVGMapObject::GetHeight] MapModule传入为空",
-                        "[CZoSVGMapObject::SetGeoExtent] MapModule传入为空",
-                        "[CZoSVGMapObject::SetCenter] MapModule传入为空"}));
+                        "[CZoSVGMapObject::ConvertToImage] Qt-Item为空", "[CZoSVGMapObject::CalculateGeoExtent] Qt-Item为空",
+                        "[CZoSVGMapObject::GetWidth] MapModule传入为空", "[CZoSVGMapObject::GetHeight] MapModule传入为空",
+                        "[CZoSVGMapObject::SetGeoExtent] MapModule传入为空", "[CZoSVGMapObject::SetCenter] MapModule传入为空"}));
     }
     layer->SetAutoAdd(false);
     IZoSVGMapObject* itemless = module.CreateSVGMapObject("itemless", layer);

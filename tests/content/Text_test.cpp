@@ -4,7 +4,6 @@
 #include "content/text/CZoTextMapObject.h"
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoTileModel.h>
-#include <QFontMetrics>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -22,15 +21,14 @@ class Text : public KindFixture<TextKind>
 {
 protected:
     QGraphicsTextItem* Item() const { return static_cast<QGraphicsTextItem*>(object->GetQtItem()); }
-    QTextDocument* Document() const { return Item()->document(); }
     // The character format in force at a document position.
     QTextCharFormat FormatAt(int position) const
     {
-        QTextCursor cursor(Document());
+        QTextCursor cursor(Item()->document());
         cursor.setPosition(position);
         return cursor.charFormat();
     }
-    QTextFrameFormat Frame() const { return Document()->rootFrame()->frameFormat(); }
+    QTextFrameFormat Frame() const { return Item()->document()->rootFrame()->frameFormat(); }
     void Type(const QString& keys) // at the end
     {
         QTextCursor cursor = Item()->textCursor();
@@ -115,29 +113,6 @@ TEST_F(Text, InteractionNeedsAPresentedVisibleItem)
     EXPECT_EQ(log.Messages(), (Messages{"[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
                                         "[CZoTextMapObject::EnableTextInteraction] 未呈现或不可见",
                                         "[CZoTextMapObject::EnableTextInteraction] Qt-Item不存在"}));
-}
-
-// The longest line by characters ("iiiiii", not "WW") and every line; an
-// object's box uses the host's scale in whole steps.
-TEST_F(Text, BoxMeasuresTheLongestLineByCharactersAndEveryLine)
-{
-    QFont font(QStringLiteral("DejaVu Sans"), 14);
-    const QFontMetrics metrics(font);
-    const CVector3D position(116.4, 39.9, 0.0);
-    const CAABB box = CalculateTextBoundingBox("WW\n\niiiiii", font, position, 0.5);
-    const CTileModel* tiles = ITileModel::GetTileModel(2, true);
-    int px = 0, py = 0;
-    ASSERT_TRUE(tiles->ConvertGeoToPixel(&px, &py, 21, position.x, position.y));
-    double x = 0.0, y = 0.0;
-    tiles->ConvertPixelToGeo(&x, &y, 21, px + metrics.horizontalAdvance(QStringLiteral("iiiiii")) * 0.5,
-                             py + metrics.height() * 3 * 0.5);
-    EXPECT_EQ(box.min, CVector3D(position.x, y, 0.0));
-    EXPECT_EQ(box.max, CVector3D(x, position.y, 0.0));
-    object->SetText("abc");
-    object->SetPosition(CVector3D(10.0, 20.0, 0.0));
-    map.viewScale = 2.7; // counts as 2
-    const CAABB expected = CalculateTextBoundingBox("abc", object->GetFont(), CVector3D(10.0, 20.0, 0.0), 0.5);
-    EXPECT_TRUE(object->GetBoundingBox().max == expected.max && object->GetBoundingBox().min == expected.min);
 }
 
 namespace

@@ -1,11 +1,8 @@
-#include "support/ImageCompare.h"
 #include "support/KindFixture.h"
 #include "content/widget/CZoWidgetMapObject.h"
-#include <ZoGraphics/ZoTileModel.h>
 #include <QGraphicsProxyWidget>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
-#include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -39,24 +36,6 @@ TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
     // Widgets that were replaced are handed back as they came.
     EXPECT_TRUE(third.parentWidget() == nullptr && !third.isVisible());
     EXPECT_EQ(object->GetWidth(), 120);
-}
-
-TEST_F(Widget, TheAnchorPixelStandsOnThePosition)
-{
-    QWidget form;
-    form.resize(200, 100);
-    object->SetWidget(&form);
-    object->SetAnchor(CVector3D(100.0, 50.0, 0.0));
-    object->SetPosition(CVector3D(3.0, 4.0, 0.0));
-    EXPECT_EQ(Item()->pos(), QPointF(30.0 - 100.0, -40.0 - 50.0));
-    EXPECT_EQ(Item()->mapToScene(QPointF(100.0, 50.0)), QPointF(30.0, -40.0));
-    // Zoomed in twice: the widget keeps its pixels, the anchor offset halves
-    // in scene units.
-    map.ChangeViewScale(2.0);
-    EXPECT_EQ(Item()->pos(), QPointF(30.0 - 50.0, -40.0 - 25.0));
-    EXPECT_TRUE(Item()->flags().testFlag(QGraphicsItem::ItemIgnoresTransformations));
-    object->SetAnchor(CVector3D(std::nan(""), 0.0, 0.0));
-    EXPECT_EQ(object->GetAnchor(), CVector3D(100.0, 50.0, 0.0));
 }
 
 TEST_F(Widget, PressAndWheelAreGrabbedAndStillReachTheWidget)

@@ -53,12 +53,7 @@ QJsonObject Geometry(const QJsonArray& features, int i) { return features.at(i).
 class GeoJson : public ModuleFixture
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("geojson");
-        log.Clear();
-    }
+    void SetUp() override { ModuleFixture::SetUp(), layer = module.CreateGraphicsLayer("geojson"), log.Clear(); }
     IZoGraphicsMapLayer* layer = nullptr;
 };
 

@@ -4,11 +4,7 @@
 class GraphicsMapLayer : public ModuleFixture
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("layer");
-    }
+    void SetUp() override { ModuleFixture::SetUp(), layer = module.CreateGraphicsLayer("layer"); }
     IZoGraphicsMapLayer* layer = nullptr;
 };
 
@@ -45,24 +41,4 @@ TEST_F(GraphicsMapLayer, DetachingTakesItemsOutOfTheSceneAndDestroyingAllGoesThr
     EXPECT_EQ(module.LookupGraphicObject("a"), nullptr);
     EXPECT_NE(module.LookupGraphicObject("b"), nullptr);
     EXPECT_TRUE(layer->DestroyAllMapObjects());
-}
-
-TEST_F(GraphicsMapLayer, ViewEventsReachObjectsAndAreNotConsumed)
-{
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);
-    dot->SetPosition(CVector3D(3.0, 4.0, 0.0));
-    auto* handler = dynamic_cast<IZoMapEventHandler*>(layer);
-    ASSERT_NE(handler, nullptr);
-    dot->SetMaxLodLevel(12);
-    map.lod = 13;
-    EXPECT_FALSE(handler->OnLodLevelChanged(13));
-    EXPECT_FALSE(dot->GetQtItem()->isVisible());
-    map.pixelsPerDegree = 20.0;
-    EXPECT_FALSE(handler->OnViewChanged());
-    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(60.0, -80.0));
-    map.pixelsPerDegree = 30.0;
-    EXPECT_FALSE(handler->OnViewMoved());
-    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(90.0, -120.0));
-    EXPECT_FALSE(handler->OnViewScaleChanged(2.0));
-    EXPECT_DOUBLE_EQ(dot->GetQtItem()->boundingRect().width(), 2 * (6.0 + 1.0) * 0.5);
 }

@@ -31,11 +31,6 @@ protected:
         dot->SetInteractive(true);
         return dot;
     }
-    void MakePair() // three pixels apart
-    {
-        low = MakeDot("Lowtown", 1.0, 1.0, QColor(255, 0, 0));
-        high = MakeDot("Hightown", 1.3, 1.0, QColor(0, 0, 255));
-    }
     QImage Frame(const QRectF& scene = QRectF(-20, -50, 200, 80))
     {
         QImage image = BlankCanvas(static_cast<int>(scene.width()), static_cast<int>(scene.height()));
@@ -61,13 +56,12 @@ protected:
     static int Right(const QImage& image, QRgb colour) { return Quadrants(image, colour, 40, 0)[1]; }
     IZoGraphicsMapLayer* layer = nullptr;
     IZoLabelDeclutter2* declutter = nullptr;
-    IZoDotMapObject* low = nullptr;
-    IZoDotMapObject* high = nullptr;
 };
 
 TEST_F(LabelDeclutter, TheHigherZWinsAndBothObjectsStillDrawAndHit)
 {
-    MakePair();
+    IZoDotMapObject* low = MakeDot("Lowtown", 1.0, 1.0, QColor(255, 0, 0));
+    IZoDotMapObject* high = MakeDot("Hightown", 1.3, 1.0, QColor(0, 0, 255)); // three pixels on
     high->SetZValue(500);
     declutter->SetLabelDeclutter(true);
     QImage frame = Frame();

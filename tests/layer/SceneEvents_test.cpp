@@ -27,42 +27,33 @@ QList<int> Ids(const QObject* events, const char* name)
         ids.append(id.toInt());
     return ids;
 }
-} // namespace
 
-class SceneEvents : public ModuleFixture
-{
-protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        for (const char* name : {"lower", "upper", "inert"})
-        {
-            dots.push_back(module.CreateDotMapObject(name, nullptr));
-            dots.back()->SetPosition(CVector3D(0.0, 0.0, 0.0));
-        }
-        dots[0]->SetInteractive(true);
-        dots[1]->SetInteractive(true);
-        dots[1]->SetZValue(500);
-        dots[2]->SetZValue(600); // on top, but not interactive
-        view = std::make_unique<RecordingView>(map.Scene());
-        view->resize(200, 200);
-        view->setSceneRect(-100, -100, 200, 200);
-        view->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
-    }
-    QPoint Centre() const { return view->mapFromScene(QPointF(0.0, 0.0)); }
-    QObject* Events() { return map.GetEventObject(); }
-    std::vector<IZoDotMapObject*> dots;
-    std::unique_ptr<RecordingView> view;
-};
+using SceneEvents = ModuleFixture;
+} // namespace
 
 TEST_F(SceneEvents, OverlappingInteractiveDotsAreRecordedInDeliveryOrder)
 {
-    QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, Centre());
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, Qt::NoModifier, Centre());
-    EXPECT_EQ(Ids(Events(), "Scene_MousePress"), (QList<int>{dots[1]->GetObjectID(), dots[0]->GetObjectID()}));
+    std::vector<IZoDotMapObject*> dots;
+    for (const char* name : {"lower", "upper", "inert"})
+    {
+        dots.push_back(module.CreateDotMapObject(name, nullptr));
+        dots.back()->SetPosition(CVector3D(0.0, 0.0, 0.0));
+    }
+    dots[0]->SetInteractive(true);
+    dots[1]->SetInteractive(true);
+    dots[1]->SetZValue(500);
+    dots[2]->SetZValue(600); // on top, but not interactive
+    RecordingView view(map.Scene());
+    view.resize(200, 200);
+    view.setSceneRect(-100, -100, 200, 200);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const QPoint centre = view.mapFromScene(QPointF(0.0, 0.0));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    const QObject* events = map.GetEventObject();
+    EXPECT_EQ(Ids(events, "Scene_MousePress"), (QList<int>{dots[1]->GetObjectID(), dots[0]->GetObjectID()}));
     // Nobody grabbed the press: the release goes to no item, the view has it.
-    EXPECT_TRUE(Ids(Events(), "Scene_MouseRelease").isEmpty());
-    EXPECT_EQ(view->acceptedByScene, std::vector<bool>{false});
+    EXPECT_TRUE(Ids(events, "Scene_MouseRelease").isEmpty());
+    EXPECT_EQ(view.acceptedByScene, std::vector<bool>{false});
 }
-

@@ -11,7 +11,6 @@ constexpr double kMercatorMaxLat = 85.05112877980659;
 
 CTileModel* Mercator() { return ITileModel::GetTileModel(E_TILE_MODEL_WEB_MERCATOR); }
 CTileModel* Geodetic() { return ITileModel::GetTileModel(E_TILE_MODEL_GEODETIC); }
-// An extent to nine decimals.
 std::string Rounded(const EXTENT& e)
 {
     return QString::asprintf("%.9f %.9f %.9f %.9f", e.xmin, e.ymin, e.xmax, e.ymax).toStdString();

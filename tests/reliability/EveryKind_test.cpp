@@ -4,8 +4,8 @@
 #include "support/MapObjectKinds.h"
 #include "support/ModuleFixture.h"
 #include "support/RecordingEditableUser.h"
+#include "fuzz/ZoFuzz.h"
 #include <QLabel>
-#include <QPainter>
 
 namespace
 {
@@ -66,14 +66,7 @@ const GadgetMaker kGadgets[] = {&IZoGraphicsModule::CreateTranslateEditObject, &
 class Teardown : public ModuleFixture
 {
 protected:
-    void Paint()
-    {
-        QImage image{80, 60, QImage::Format_ARGB32_Premultiplied};
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        map.Scene()->render(&painter, QRectF(image.rect()), QRectF(-50, -300, 400, 300));
-    }
+    void Paint() { ZoFuzzPaint(map.Scene(), QRectF(-50, -300, 400, 300), true); }
     void FurnishAll(IZoGraphicsModule& m, const std::string& prefix, const std::vector<IZoGraphicsMapLayer*>& layers)
     {
         for (std::size_t k = 0; k < makers.size(); ++k)

@@ -1,7 +1,6 @@
-// What hosts do every day with the lifetimes of objects, layers and modules:
-// destroy an object from inside its own event, clear a layer while Qt is
-// still delivering a press, hand one module's layer to another, delete the
-// map module first, call in from a worker thread.
+// Lifetimes as hosts handle them: an object destroyed from its own event, a
+// layer cleared inside a press, another module's layer, the map module gone
+// first, calls from a worker thread.
 #include "support/MapObjectKinds.h"
 #include "support/ModuleFixture.h"
 #include <ZoGraphics/CZoMapModule.h>
