@@ -2,11 +2,8 @@
 // texture images, GeoJSON. The first byte picks the reader, the rest is the
 // file.
 #include "fuzz/ZoFuzz.h"
-
 #include <ZoGraphics/CZoMapModule.h>
 #include <ZoGraphics/ZoGeoJson.h>
-#include <ZoGraphics/ZoGraphics.h>
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,6 @@
 // model of its lists, anchor and extent; a faulty edit logs one warning and
 // changes nothing.
 #include "fuzz/ZoFuzz.h"
-
 #include "object/ZoAntimeridian.h"
 #include "shapes/multidot/CZoMultiDotMapObject.h"
 #include "shapes/multiline/CZoMultiLineMapObject.h"
@@ -10,9 +9,7 @@
 #include "shapes/polygon/CZoPolygonMapObject.h"
 #include "shapes/polyline/CZoPolylineMapObject.h"
 #include "support/PlainPointListModel.h"
-
 #include <ZoGraphics/CZoMapModule.h>
-
 #include <QGraphicsItem>
 #include <algorithm>
 #include <cmath>
@@ -23,37 +20,20 @@ using Line = PointListModel::Line;
 
 // A line as the kind's own getter gives it.
 template <class Object>
-Line LineOf(const Object* o, std::size_t)
-{
-    return o->GetData();
-}
-Line LineOf(const CZoMultiLineMapObject* o, std::size_t l)
-{
-    return o->GetLineData(static_cast<int>(l));
-}
-Line LineOf(const CZoMultiPolygonMapObject* o, std::size_t l)
-{
-    return o->GetPolygonData(static_cast<int>(l));
-}
+Line LineOf(const Object* o, std::size_t) { return o->GetData(); }
+Line LineOf(const CZoMultiLineMapObject* o, std::size_t l) { return o->GetLineData(static_cast<int>(l)); }
+Line LineOf(const CZoMultiPolygonMapObject* o, std::size_t l) { return o->GetPolygonData(static_cast<int>(l)); }
 
+// Mostly plain points; now and then a hostile one, which the whole edit
+// must refuse.
 CVector3D Point(CZoFuzzInput& in)
 {
-    // Mostly plain points; now and then a hostile one, which the whole edit
-    // must refuse.
     if (in.Int(0, 15) == 0)
         return CVector3D{in.Double(), in.Double(), in.Double()};
     return CVector3D{in.Plain(-60, 60), in.Plain(-60, 60), in.Plain(-1, 1)};
 }
-
-bool Finite(const CVector3D& p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
-bool AllFinite(const Line& line)
-{
-    return std::all_of(line.begin(), line.end(), Finite);
-}
+bool Finite(const CVector3D& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
+bool AllFinite(const Line& line) { return std::all_of(line.begin(), line.end(), Finite); }
 
 Line RandomLine(CZoFuzzInput& in, int most)
 {
@@ -88,8 +68,7 @@ void Compare(const Object* o, const PointListModel& model, IZoMapModule& map, co
         ZO_FUZZ_CHECK(box.min == expected.min && box.max == expected.max, where);
     if (QGraphicsItem* item = o->GetQtItem(); item && model.Total() > 0)
     {
-        int px = 0;
-        int py = 0;
+        int px = 0, py = 0;
         if (map.ConvertSceneToPixel(&px, &py, ZoAntimeridian::Wrap(model.anchor.x), model.anchor.y))
             ZO_FUZZ_CHECK(item->pos() == QPointF(px, py), where + " item position");
         const QRectF bounds = item->boundingRect();
@@ -97,7 +76,7 @@ void Compare(const Object* o, const PointListModel& model, IZoMapModule& map, co
     }
 }
 
-// The edits of a single list; returns whether the edit was faulty.
+// The edits of a single list.
 template <class Object>
 bool EditSingle(Object* o, PointListModel& model, CZoFuzzInput& in)
 {
@@ -110,55 +89,29 @@ bool EditSingle(Object* o, PointListModel& model, CZoFuzzInput& in)
     const auto at = line.begin() + (inside || i == n ? i : 0);
     switch (in.Int(0, 8))
     {
+    // Each edit returns whether it was faulty, changing the model only when
+    // it was not.
     case 0: {
         const Line data = RandomLine(in, 6);
         o->SetData(data);
-        if (AllFinite(data))
-            model.SetAll({data});
-        return !AllFinite(data);
+        return !AllFinite(data) || (model.SetAll({data}), false);
     }
-    case 1:
-        o->PushBack(p);
-        if (finite)
-            model.Append(0, p);
-        return !finite;
+    case 1: o->PushBack(p); return !finite || (model.Append(0, p), false);
     case 2:
         ZO_FUZZ_CHECK(o->PopBack() == (n ? line.back() : CVector3D()), "PopBack");
-        if (n)
-            line.pop_back();
-        return n == 0 && std::is_same<Object, CZoMultiDotMapObject>::value;
-    case 3:
-        o->Insert(i, p);
-        if (i < 0 || i > n || !finite)
-            return true;
-        line.insert(at, p);
-        return false;
-    case 4:
-        o->Modify(i, p);
-        if (!inside || !finite)
-            return true;
-        *at = p;
-        return false;
-    case 5:
-        o->Remove(i);
-        if (!inside)
-            return true;
-        line.erase(at);
-        return false;
-    case 6:
-        ZO_FUZZ_CHECK(o->At(i) == (inside ? *at : CVector3D()), "At");
-        return !inside;
-    case 7:
-        o->Clear();
-        line.clear();
-        return false;
+        return n ? (line.pop_back(), false) : std::is_same<Object, CZoMultiDotMapObject>::value;
+    case 3: o->Insert(i, p); return i < 0 || i > n || !finite || (line.insert(at, p), false);
+    case 4: o->Modify(i, p); return !inside || !finite || (*at = p, false);
+    case 5: o->Remove(i); return !inside || (line.erase(at), false);
+    case 6: ZO_FUZZ_CHECK(o->At(i) == (inside ? *at : CVector3D()), "At"); return !inside;
+    case 7: o->Clear(); line.clear(); return false;
     default:
         ZO_FUZZ_CHECK(o->GetPointNumber() == n, "GetPointNumber");
         return false;
     }
 }
 
-// The edits of lists of lists; returns whether the edit was faulty.
+// The edits of lists of lists.
 template <class Object, class Ops>
 bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
 {
@@ -182,9 +135,7 @@ bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
         for (Line& d : data)
             ok &= AllFinite(d = RandomLine(in, 4));
         o->SetData(data);
-        if (ok)
-            model.SetAll(data);
-        return !ok;
+        return !ok || (model.SetAll(data), false);
     }
     case 1: {
         const Line added = RandomLine(in, 3);
@@ -199,70 +150,26 @@ bool EditNested(Object* o, PointListModel& model, CZoFuzzInput& in)
     case 2: {
         const Line added = RandomLine(in, 3);
         Ops::InsertLine(o, l, added);
-        if (l < 0 || l > n || !AllFinite(added))
-            return true;
-        lines.insert(lines.begin() + l, added);
-        return false;
+        return l < 0 || l > n || !AllFinite(added) || (lines.insert(lines.begin() + l, added), false);
     }
-    case 3:
-        Ops::RemoveLine(o, l);
-        if (!lineOk)
-            return true;
-        lines.erase(lines.begin() + l);
-        return false;
+    case 3: Ops::RemoveLine(o, l); return !lineOk || (lines.erase(lines.begin() + l), false);
     case 4: {
         const Line replacement = RandomLine(in, 3);
         Ops::SetLine(o, l, replacement);
-        if (!lineOk || !AllFinite(replacement))
-            return true;
-        line = replacement;
-        return false;
+        return !lineOk || !AllFinite(replacement) || (line = replacement, false);
     }
-    case 5:
-        o->AppendPoint(l, p);
-        if (!lineOk || !finite)
-            return true;
-        model.Append(static_cast<std::size_t>(l), p);
-        return false;
+    case 5: o->AppendPoint(l, p); return !lineOk || !finite || (model.Append(static_cast<std::size_t>(l), p), false);
     case 6:
         o->InsertPoint(l, i, p);
-        if (!lineOk || i < 0 || i > points || !finite)
-            return true;
-        line.insert(at, p);
-        return false;
-    case 7:
-        o->ModifyData(l, i, p);
-        if (!pointOk || !finite)
-            return true;
-        *at = p;
-        return false;
-    case 8:
-        o->RemovePoint(l, i);
-        if (!pointOk)
-            return true;
-        line.erase(at);
-        return false;
+        return !lineOk || i < 0 || i > points || !finite || (line.insert(at, p), false);
+    case 7: o->ModifyData(l, i, p); return !pointOk || !finite || (*at = p, false);
+    case 8: o->RemovePoint(l, i); return !pointOk || (line.erase(at), false);
     case 9:
         ZO_FUZZ_CHECK(o->PopPoint(l) == (points ? line.back() : CVector3D()), "PopPoint");
-        if (points == 0)
-            return true;
-        line.pop_back();
-        return false;
-    case 10:
-        o->Cleanup(l);
-        if (!lineOk)
-            return Ops::kCleanupLogs;
-        line.clear();
-        return false;
-    case 11:
-        Ops::PopLine(o);
-        if (n)
-            lines.pop_back();
-        return false;
-    default:
-        o->Clear();
-        lines.clear();
-        return false;
+        return points == 0 || (line.pop_back(), false);
+    case 10: o->Cleanup(l); return lineOk ? (line.clear(), false) : Ops::kCleanupLogs;
+    case 11: Ops::PopLine(o); return n && (lines.pop_back(), false);
+    default: o->Clear(); lines.clear(); return false;
     }
 }
 
@@ -308,8 +215,7 @@ void Run(IZoGraphicsMapObject* made, CZoFuzzInput& in, CZoMapModule& map,
         const bool faulty = edit(o, model, in);
         model.Settle();
         // A faulty index and a point that is not finite may each be told.
-        ZO_FUZZ_CHECK(faulty ? warnings >= 1 : warnings == 0,
-                      where + ": " + std::to_string(warnings) + " warnings, the last " + last);
+        ZO_FUZZ_CHECK(faulty ? warnings >= 1 : warnings == 0, where + ": " + std::to_string(warnings) + " warnings, the last " + last);
         Compare(o, model, map, where);
     }
 }
@@ -332,13 +238,8 @@ int ZoFuzzPointList(const std::uint8_t* data, std::size_t size)
     case 0: Run(module.CreatePolylineMapObject("line", layer), in, map, EditSingle<CZoPolylineMapObject>); break;
     case 1: Run(module.CreatePolygonMapObject("ring", layer), in, map, EditSingle<CZoPolygonMapObject>); break;
     case 2: Run(module.CreateMultiDotMapObject("dots", layer), in, map, EditSingle<CZoMultiDotMapObject>); break;
-    case 3:
-        Run(module.CreateMultiLineMapObject("lines", layer), in, map, EditNested<CZoMultiLineMapObject, SLineOps>);
-        break;
-    default:
-        Run(module.CreateMultiPolygonMapObject("rings", layer), in, map,
-            EditNested<CZoMultiPolygonMapObject, SRingOps>);
-        break;
+    case 3: Run(module.CreateMultiLineMapObject("lines", layer), in, map, EditNested<CZoMultiLineMapObject, SLineOps>); break;
+    default: Run(module.CreateMultiPolygonMapObject("rings", layer), in, map, EditNested<CZoMultiPolygonMapObject, SRingOps>);
     }
     CZoQuietLog quiet;
     module.Unintialise();

@@ -1,13 +1,10 @@
-// The module's registries against a plain model: objects and layers created,
-// renamed, looked up, stacked, switched and destroyed in any order, the
-// module torn down and made again; edit gadgets whose handles' layer is
-// cleared, and hosts that tear the module down or give the gadget back from
-// inside a gadget's callback.
+// The module's registries against a plain model: objects and layers made,
+// renamed, stacked, switched and destroyed in any order, the module made
+// anew; edit gadgets whose handles are cleared, or that are given back or
+// lose their module inside their own callback.
 #include "fuzz/ZoFuzz.h"
 #include "support/RecordingEditableUser.h"
-
 #include <ZoGraphics/CZoMapModule.h>
-
 #include <QGraphicsScene>
 #include <algorithm>
 #include <cstring>
@@ -16,8 +13,8 @@
 
 namespace
 {
-// Objects keep their names as text, so a name that is not valid GB18030
-// comes back (and is looked up) as it reads after a round trip.
+// Names are kept as text: one that is not valid GB18030 reads (and is
+// looked up) as it comes back from the round trip.
 std::string AsStored(const std::string& name)
 {
     return ConvertQStringToStdString(ConvertStdStringToQString(name, ZoGraphicsConstantNS::STR_CODE_PAGE),
@@ -26,9 +23,8 @@ std::string AsStored(const std::string& name)
 
 const char* const kNames[] = {"a", "b", "a", "", "名字", "\xff\xfe", "Zo.DefaultGraphicsLayer"};
 constexpr int kNameCount = sizeof(kNames) / sizeof(kNames[0]);
-
-// The kinds made here, as kZoFuzzKinds numbers them: dot, circle, rectangle,
-// tile, polyline, text, pie, multi-dot.
+// As kZoFuzzKinds numbers them: dot, circle, rectangle, tile, polyline,
+// text, pie, multi-dot.
 constexpr int kKinds[] = {0, 1, 6, 7, 9, 14, 3, 11};
 constexpr int kKindCount = sizeof(kKinds) / sizeof(kKinds[0]);
 constexpr int kTextKind = 14;
@@ -39,7 +35,7 @@ struct SObject
     int id = 0;
     std::string name;
     int kind = -1; // into kZoFuzzKinds; -1 for a gadget's handle that no typed lookup finds
-    int layer = -1; // index into the model's layers; -1 for none
+    int layer = -1; // into the model's layers; -1 for none
     bool alive = true;
 };
 
@@ -59,6 +55,7 @@ const T* FirstNamed(const std::vector<T>& all, const char* name, Accept accept)
             return &entry;
     return nullptr;
 }
+const auto kAny = [](const auto&) { return true; };
 
 class CRegistryRun
 {
@@ -84,16 +81,31 @@ public:
         GiveGadgetBack();
     }
     Q_DISABLE_COPY(CRegistryRun)
-
     void Step(CZoFuzzInput& in)
     {
         switch (in.Int(0, 12))
         {
         case 0:
         case 1: Create(in); break;
-        case 2: DestroyObject(in); break;
-        case 3: Rename(in); break;
-        case 4: CreateLayer(in); break;
+        case 2:
+            if (in.Int(0, 15) == 0)
+                m_module->DestroyGraphicsMapObject(nullptr);
+            else if (SObject* o = LiveObject(in))
+                m_module->DestroyGraphicsMapObject(o->object), o->alive = false;
+            break;
+        case 3:
+            if (SObject* o = LiveObject(in))
+            {
+                const std::string name = kNames[in.Int(0, kNameCount - 1)];
+                o->object->SetName(name), o->name = AsStored(name);
+            }
+            break;
+        case 4: {
+            const std::string name = kNames[in.Int(0, kNameCount - 1)];
+            m_layers.push_back({m_module->CreateGraphicsLayer(name), name, true});
+            ZO_FUZZ_CHECK(m_layers.back().layer != nullptr, "layer creator failed");
+            break;
+        }
         case 5: DestroyLayer(in); break;
         case 6: SwitchLayer(in); break;
         case 7: Stack(in); break;
@@ -105,10 +117,10 @@ public:
             // before and read no more bytes, so older inputs run as they did.
             switch (const int deed = in.Int(0, 7))
             {
-            case 0: Restart(); break;
+            case 0: m_module->Unintialise(), Renew(); break;
             case 5: ClearGadgetLayer(); break;
             case 6: TearDownInsideCallback(); break;
-            case 7: GiveBackInsideCallback(); break;
+            case 7: Arm([this] { m_module->DestroyGraphicsEditObject(std::exchange(m_gadget, nullptr)); }); break;
             default: MakeGadget(deed - 1); break;
             }
             break;
@@ -127,13 +139,6 @@ private:
         m_objects.clear();
         m_gadgetLayer = nullptr;
     }
-
-    void Restart()
-    {
-        m_module->Unintialise();
-        Renew();
-    }
-
     // After the module's teardown: a gadget left over stays inert until it
     // is given back; then a fresh module.
     void Renew()
@@ -143,9 +148,8 @@ private:
         m_module.reset();
         Start();
     }
-
-    // Gadgets live on a layer of their own, outside the model: their
-    // handles are the module's objects but none of the model's.
+    // Gadgets live on a layer of their own: their handles are the module's
+    // objects but none of the model's.
     void MakeGadget(int kind)
     {
         using Creator = IZoGraphicsEditObject* (IZoGraphicsModule::*)(IZoGraphicsMapLayer*);
@@ -161,17 +165,14 @@ private:
         ZO_FUZZ_CHECK(m_gadget != nullptr, "gadget creator failed");
         m_gadget->AttachEditableUser(&m_user);
         m_gadget->UpdateEditor(0);
-        // Left pressed: the next deed finds a drag under way.
-        m_gadget->OnMousePress(&m_view, 0, 0, HandleId());
+        m_gadget->OnMousePress(&m_view, 0, 0, HandleId()); // the next deed finds a drag under way
     }
-
     void GiveGadgetBack()
     {
         if (m_gadget)
             m_module->DestroyGraphicsEditObject(m_gadget);
         m_gadget = nullptr;
     }
-
     // "Clear the drawing" under an attached gadget.
     void ClearGadgetLayer()
     {
@@ -180,23 +181,13 @@ private:
         m_gadgetLayer->DestroyAllMapObjects();
         DriveLostGadget();
     }
-
     void TearDownInsideCallback()
     {
         bool torn = false;
-        Arm([this, &torn] {
-            m_module->Unintialise();
-            torn = true;
-        });
+        Arm([this, &torn] { m_module->Unintialise(), torn = true; });
         if (torn)
             Renew();
     }
-
-    void GiveBackInsideCallback()
-    {
-        Arm([this] { m_module->DestroyGraphicsEditObject(std::exchange(m_gadget, nullptr)); });
-    }
-
     // Runs a gesture whose start, process, completion or backout (in turn
     // from one deed to the next) does the deed.
     void Arm(std::function<void()> deed)
@@ -217,7 +208,6 @@ private:
             m_gadget->OnMouseRelease(&m_view, 60, -40, id);
         m_deed = nullptr;
     }
-
     // Everything a host may still do with a gadget whose handles are gone.
     void DriveLostGadget()
     {
@@ -233,9 +223,8 @@ private:
         m_gadget->AttachEditableUser(&m_user);
         m_gadget->UpdateEditor(0);
     }
-
-    // Picks up the gadget's handles among the ids drawn since the last look:
-    // it makes them in its own operations and on view changes.
+    // The gadget's handles among the ids drawn since the last look: it makes
+    // them in its own operations and on view changes.
     void ScanGadget()
     {
         if (!m_gadget)
@@ -246,7 +235,6 @@ private:
                 m_gadgetIds.push_back(id);
         m_scanFrom = last;
     }
-
     // The gadget's first live dot.
     int HandleId()
     {
@@ -256,28 +244,23 @@ private:
                 return id;
         return -1;
     }
-
     // The model's objects and the gadget's handles, by id: the rotation
     // label has a name the model looks up ("").
     std::vector<SObject> Registered() const
     {
         std::vector<SObject> all = m_objects;
-        if (!m_gadget)
-            return all;
-        for (int id : m_gadgetIds)
+        for (int id : m_gadget ? m_gadgetIds : std::vector<int>())
             if (IZoGraphicsMapObject* handle = m_module->LookupGraphicObject(id))
                 all.push_back({handle, id, handle->GetName(),
                                dynamic_cast<IZoTextMapObject*>(handle) ? kTextKind : -1, -1, true});
         std::sort(all.begin(), all.end(), [](const SObject& a, const SObject& b) { return a.id < b.id; });
         return all;
     }
-
     template <typename T>
     T& Pick(CZoFuzzInput& in, std::vector<T>& all)
     {
         return all[static_cast<std::size_t>(in.Int(0, static_cast<int>(all.size()) - 1))];
     }
-
     SObject* LiveObject(CZoFuzzInput& in)
     {
         if (m_objects.empty())
@@ -285,22 +268,18 @@ private:
         SObject& o = Pick(in, m_objects);
         return o.alive ? &o : nullptr;
     }
-
-    // A live layer's index, or -1.
-    int LiveLayer(CZoFuzzInput& in)
+    int LiveLayer(CZoFuzzInput& in) // an index, or -1
     {
         const int index = in.Int(0, static_cast<int>(m_layers.size()) - 1);
         return m_layers[static_cast<std::size_t>(index)].alive ? index : -1;
     }
-
+    SLayer& Layer(int index) { return m_layers[static_cast<std::size_t>(index)]; }
     void Create(CZoFuzzInput& in)
     {
         const int kind = kKinds[in.Int(0, kKindCount - 1)];
         const std::string name = kNames[in.Int(0, kNameCount - 1)];
-        // Null asks for the default layer, which may be gone.
-        int layer = in.Bool() ? -1 : LiveLayer(in);
-        IZoGraphicsMapObject* object = kZoFuzzKinds[kind].make(
-            *m_module, name, layer >= 0 ? m_layers[static_cast<std::size_t>(layer)].layer : nullptr);
+        int layer = in.Bool() ? -1 : LiveLayer(in); // null asks for the default layer, which may be gone
+        IZoGraphicsMapObject* object = kZoFuzzKinds[kind].make(*m_module, name, layer >= 0 ? Layer(layer).layer : nullptr);
         if (layer < 0)
             layer = m_layers.front().alive ? 0 : -1;
         ZO_FUZZ_CHECK((object != nullptr) == (layer >= 0), "made without a layer, or failed with one");
@@ -309,62 +288,29 @@ private:
         ZO_FUZZ_CHECK(m_objects.empty() || object->GetObjectID() > m_objects.back().id, "ids rise");
         m_objects.push_back({object, object->GetObjectID(), AsStored(name), kind, layer, true});
     }
-
-    void DestroyObject(CZoFuzzInput& in)
-    {
-        if (in.Int(0, 15) == 0)
-            return m_module->DestroyGraphicsMapObject(nullptr);
-        if (SObject* o = LiveObject(in))
-        {
-            m_module->DestroyGraphicsMapObject(o->object);
-            o->alive = false;
-        }
-    }
-
-    void Rename(CZoFuzzInput& in)
-    {
-        if (SObject* o = LiveObject(in))
-        {
-            const std::string name = kNames[in.Int(0, kNameCount - 1)];
-            o->object->SetName(name);
-            o->name = AsStored(name);
-        }
-    }
-
-    void CreateLayer(CZoFuzzInput& in)
-    {
-        const std::string name = kNames[in.Int(0, kNameCount - 1)];
-        IZoGraphicsMapLayer* layer = m_module->CreateGraphicsLayer(name);
-        ZO_FUZZ_CHECK(layer != nullptr, "layer creator failed");
-        m_layers.push_back({layer, name, true});
-    }
-
-    // Objects on a destroyed layer stay registered, without a layer.
+    // Objects on a destroyed layer stay registered, without a layer; a
+    // layer's destroy-all takes them from the registry.
     void DestroyLayer(CZoFuzzInput& in)
     {
         if (in.Int(0, 15) == 0)
             return m_module->DestroyGraphicsLayer(nullptr);
-        const int index = LiveLayer(in);
-        if (index < 0)
-            return;
-        m_module->DestroyGraphicsLayer(m_layers[static_cast<std::size_t>(index)].layer);
-        m_layers[static_cast<std::size_t>(index)].alive = false;
-        for (SObject& o : m_objects)
-            if (o.layer == index)
-                o.layer = -1;
+        if (const int index = LiveLayer(in); index >= 0)
+        {
+            m_module->DestroyGraphicsLayer(Layer(index).layer);
+            Layer(index).alive = false;
+            for (SObject& o : m_objects)
+                o.layer = o.layer == index ? -1 : o.layer;
+        }
     }
-
     void DestroyAllOnLayer(CZoFuzzInput& in)
     {
-        const int index = LiveLayer(in);
-        if (index < 0)
-            return;
-        m_layers[static_cast<std::size_t>(index)].layer->DestroyAllMapObjects();
-        for (SObject& o : m_objects)
-            if (o.layer == index)
-                o.alive = false;
+        if (const int index = LiveLayer(in); index >= 0)
+        {
+            Layer(index).layer->DestroyAllMapObjects();
+            for (SObject& o : m_objects)
+                o.alive = o.alive && o.layer != index;
+        }
     }
-
     void SwitchLayer(CZoFuzzInput& in)
     {
         static const ZoFuzzOperation<IZoGraphicsMapLayer> kSwitches[] = {
@@ -372,11 +318,9 @@ private:
             ZO_FUZZ_DO(SetMaxLodLevel(in.Int(-3, 25))), ZO_FUZZ_DO(SetNameVisible(in.Bool())),
             ZO_FUZZ_DO(SetZValue(in.Int(-1000, 1000))), ZO_FUZZ_DO(SetSecondShapeCache(in.Bool())),
             ZO_FUZZ_DO(SetLevelLimit(in.Int(-3, 25)))};
-        const SLayer& layer = Pick(in, m_layers);
-        if (layer.alive)
+        if (const SLayer& layer = Pick(in, m_layers); layer.alive)
             in.Apply(layer.layer, kSwitches);
     }
-
     void ObjectSwitch(CZoFuzzInput& in)
     {
         static const ZoFuzzOperation<IZoGraphicsMapObject> kSwitches[] = {
@@ -386,7 +330,6 @@ private:
         if (SObject* o = LiveObject(in))
             in.Apply(o->object, kSwitches);
     }
-
     // Destroyed and unknown ids among the others must be skipped.
     void Stack(CZoFuzzInput& in)
     {
@@ -399,14 +342,13 @@ private:
             ids.push_back(m_objects.empty() || in.Int(0, 3) == 0 ? in.Int(-2, 100000) : Pick(in, m_objects).id);
         (m_module.get()->*kStackings[in.Int(0, 3)])(o ? o->object : nullptr, ids);
     }
-
     // The registries as the model says they must be.
     void Compare() const
     {
         const std::vector<SObject> all = Registered();
         for (const char* name : kNames)
         {
-            const SObject* first = FirstNamed(all, name, [](const SObject&) { return true; });
+            const SObject* first = FirstNamed(all, name, kAny);
             ZO_FUZZ_CHECK(m_module->LookupGraphicObject(name) == (first ? first->object : nullptr), name);
             for (int k : kKinds)
             {
@@ -417,7 +359,7 @@ private:
                 ZO_FUZZ_CHECK(kZoFuzzKinds[k].find(*m_module, name) == (typed ? typed->object : nullptr),
                               std::string(name) + " " + lookup);
             }
-            const SLayer* layer = FirstNamed(m_layers, name, [](const SLayer&) { return true; });
+            const SLayer* layer = FirstNamed(m_layers, name, kAny);
             ZO_FUZZ_CHECK(m_module->LookupGraphicsLayer(name) == (layer ? layer->layer : nullptr), name);
         }
         std::vector<int> counts(m_layers.size());
@@ -430,8 +372,7 @@ private:
             const SLayer* layer = o.layer >= 0 ? &m_layers[static_cast<std::size_t>(o.layer)] : nullptr;
             ZO_FUZZ_CHECK(o.object->GetGraphicsMapLayer() == (layer ? layer->layer : nullptr), "layer of " + id);
             ZO_FUZZ_CHECK(o.object->GetName() == o.name, "name of " + id);
-            if (layer)
-                ++counts[static_cast<std::size_t>(o.layer)];
+            counts[static_cast<std::size_t>(std::max(o.layer, 0))] += layer != nullptr;
         }
         for (std::size_t l = 0; l < m_layers.size(); ++l)
             ZO_FUZZ_CHECK(!m_layers[l].alive || m_layers[l].layer->GetMapObjectCount() == counts[l],
@@ -439,7 +380,6 @@ private:
         ZO_FUZZ_CHECK(m_module->GetDeafultGraphicsLayer() == (m_layers.front().alive ? m_layers.front().layer : nullptr),
                       "default layer");
     }
-
     CZoMapModule& m_map;
     FakeEditView m_view;
     RecordingEditableUser m_user;

@@ -2,9 +2,7 @@
 // by a rebuild at another zoom, a paint and a hit test. Nothing may crash,
 // and no NaN or infinity may reach an item's geometry.
 #include "fuzz/ZoFuzz.h"
-
 #include <ZoGraphics/CZoMapModule.h>
-
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QLabel>
@@ -20,20 +18,10 @@ CVector3D Point(CZoFuzzInput& in)
                      : CVector3D{in.Double(), in.Double(), in.Double()};
 }
 
-EXTENT Extent(CZoFuzzInput& in)
-{
-    return EXTENT{in.Double(), in.Double(), in.Double(), in.Double()};
-}
-
-QColor Color(CZoFuzzInput& in)
-{
-    return QColor{in.Byte(), in.Byte(), in.Byte(), in.Byte()};
-}
-
-float Float(CZoFuzzInput& in)
-{
-    return static_cast<float>(in.Double());
-}
+// Braced lists read their values in order.
+EXTENT Extent(CZoFuzzInput& in) { return EXTENT{in.Double(), in.Double(), in.Double(), in.Double()}; }
+QColor Color(CZoFuzzInput& in) { return QColor{in.Byte(), in.Byte(), in.Byte(), in.Byte()}; }
+float Float(CZoFuzzInput& in) { return static_cast<float>(in.Double()); }
 
 unsigned Flags(CZoFuzzInput& in)
 {
@@ -51,10 +39,7 @@ std::vector<CVector3D> Points(CZoFuzzInput& in)
     return points;
 }
 
-std::vector<std::vector<CVector3D>> Lines(CZoFuzzInput& in)
-{
-    return {Points(in), Points(in)};
-}
+std::vector<std::vector<CVector3D>> Lines(CZoFuzzInput& in) { return {Points(in), Points(in)}; }
 
 QFont Font(CZoFuzzInput& in)
 {
@@ -68,15 +53,14 @@ QFont Font(CZoFuzzInput& in)
 template <class T>
 using Ops = ZoFuzzOperation<T>;
 
+// Two values read in order (a function's arguments are evaluated in an order
+// the compiler picks, and an input must mean the same under every compiler).
 template <class T>
 void SetSize(T* target, CZoFuzzInput& in)
 {
     const int width = in.Int(-100000, 100000);
     target->SetSize(width, in.Int(-100000, 100000));
 }
-
-// Two values read in order (a function's arguments are evaluated in an order
-// the compiler picks, and an input must mean the same under every compiler).
 template <class T, void (T::*Set)(double, double)>
 void SetTwo(T* target, CZoFuzzInput& in)
 {
@@ -171,9 +155,7 @@ template <class T, std::size_t N>
 bool Try(IZoGraphicsMapObject* o, CZoFuzzInput& in, const Ops<T> (&operations)[N])
 {
     T* typed = dynamic_cast<T*>(o);
-    if (typed)
-        in.Apply(typed, operations);
-    return typed != nullptr;
+    return typed && (in.Apply(typed, operations), true);
 }
 
 void SetStyle(IZoGraphicsMapObject* o, CZoFuzzInput& in)
@@ -194,23 +176,15 @@ void SetOwn(IZoGraphicsMapObject* o, CZoFuzzInput& in)
         Try(o, in, kMarkPoint) || Try(o, in, kSVG) || Try(o, in, kWidget) || Try(o, in, kCanvas);
 }
 
-bool Finite(const QRectF& r)
-{
-    return std::isfinite(r.x()) && std::isfinite(r.y()) && std::isfinite(r.width()) && std::isfinite(r.height());
-}
-
+// No item's position, bounds or scene bounds may hold a value that is not
+// finite.
 void CheckScene(QGraphicsScene* scene)
 {
     for (QGraphicsItem* item : scene->items())
-    {
-        const auto describe = [item](const QRectF& r) {
-            return std::string(typeid(*item).name()) + " " + std::to_string(r.x()) + "," + std::to_string(r.y()) +
-                   " " + std::to_string(r.width()) + "x" + std::to_string(r.height());
-        };
-        ZO_FUZZ_CHECK(Finite(QRectF(item->pos(), QSizeF())), describe(QRectF(item->pos(), QSizeF())));
-        ZO_FUZZ_CHECK(Finite(item->boundingRect()), describe(item->boundingRect()));
-        ZO_FUZZ_CHECK(Finite(item->sceneBoundingRect()), describe(item->sceneBoundingRect()));
-    }
+        for (const QRectF& r : {QRectF(item->pos(), QSizeF()), item->boundingRect(), item->sceneBoundingRect()})
+            ZO_FUZZ_CHECK(std::isfinite(r.x()) && std::isfinite(r.y()) && std::isfinite(r.width()) && std::isfinite(r.height()),
+                          std::string(typeid(*item).name()) + " " + std::to_string(r.x()) + "," + std::to_string(r.y()) +
+                              " " + std::to_string(r.width()) + "x" + std::to_string(r.height()));
 }
 } // namespace
 
@@ -249,9 +223,8 @@ int ZoFuzzSetters(const std::uint8_t* data, std::size_t size)
         case 4: ZoFuzzZoom(map, in, 80.0); break;
         case 5: {
             const bool antialiased = in.Bool();
-            ZoFuzzPaint(map.GetScene(), QRectF{in.Plain(-2000, 2000), in.Plain(-2000, 2000), in.Plain(1, 4000),
-                                               in.Plain(1, 4000)},
-                        antialiased);
+            const QRectF source{in.Plain(-2000, 2000), in.Plain(-2000, 2000), in.Plain(1, 4000), in.Plain(1, 4000)};
+            ZoFuzzPaint(map.GetScene(), source, antialiased);
             break;
         }
         case 6: {

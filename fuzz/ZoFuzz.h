@@ -2,7 +2,6 @@
 
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoLogSystem.h>
-
 #include <QtGlobal>
 #include <cstddef>
 #include <cstdint>
@@ -13,47 +12,38 @@ class CZoMapModule;
 class QGraphicsScene;
 class QRectF;
 
-// The fuzz targets. Each reads its operations from the bytes, checks the
-// library against a plain model after every step where it keeps one, and
-// returns 0. They run under libFuzzer (fuzz/FuzzEntry.cpp) and, over their
-// checked-in corpora and seeded random inputs, in the ordinary test suite.
+// The fuzz targets: each reads its operations from the bytes, checks the
+// library against a plain model where it keeps one, and returns 0. They run
+// under libFuzzer (FuzzEntry.cpp) and, over their corpora and seeded random
+// inputs, in the test suite.
 int ZoFuzzRegistry(const std::uint8_t* data, std::size_t size);
 int ZoFuzzPointList(const std::uint8_t* data, std::size_t size);
 int ZoFuzzSetters(const std::uint8_t* data, std::size_t size);
 int ZoFuzzFiles(const std::uint8_t* data, std::size_t size);
 
-// A mismatch with the model. Under libFuzzer it aborts, so that the input is
-// kept as a crash; the test suite turns it into a test failure.
+// A mismatch with the model: libFuzzer aborts (keeping the input as a
+// crash), the test suite turns it into a failure.
 using ZoFuzzFailureHandler = void (*)(const std::string& what);
 void ZoFuzzSetFailureHandler(ZoFuzzFailureHandler handler);
 void ZoFuzzFail(const std::string& what);
-
 #define ZO_FUZZ_CHECK(condition, what)                                                                            \
-    do                                                                                                            \
-    {                                                                                                             \
-        if (!(condition))                                                                                         \
-            ZoFuzzFail(std::string(__FILE__ ":") + std::to_string(__LINE__) + ": " #condition ": " + (what));     \
-    } while (0)
+    ((condition) ? void() : ZoFuzzFail(std::string(__FILE__ ":") + std::to_string(__LINE__) + ": " #condition ": " + (what)))
 
-// Operations and values drawn from the fuzzer's bytes; past the end every
-// read gives zero, so that any input is a whole run.
+// Operations and values drawn from the bytes; past the end every read gives
+// zero, so that any input is a whole run.
 class CZoFuzzInput
 {
 public:
     CZoFuzzInput(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
-
     bool Empty() const { return m_offset >= m_size; }
     std::uint8_t Byte() { return m_offset < m_size ? m_data[m_offset++] : 0; }
     bool Bool() { return Byte() & 1; }
-    // In [low, high].
-    int Int(int low, int high);
-    // Mostly hostile: NaN, infinities, huge, tiny, negative, angles far
-    // beyond a turn; now and then any bit pattern.
+    int Int(int low, int high); // in [low, high]
+    // Mostly hostile: NaN, infinities, huge, tiny, far beyond a turn; now
+    // and then any bit pattern.
     double Double();
-    // A small ordinary value: coordinates and sizes a host would use.
-    double Plain(double low, double high);
-    // Up to maxLength bytes, often not valid GB18030.
-    std::string Bytes(std::size_t maxLength);
+    double Plain(double low, double high); // what a host would use
+    std::string Bytes(std::size_t maxLength); // often not valid GB18030
     // One of a table's operations on target, picked by the next value.
     template <class T, std::size_t N>
     void Apply(T* target, void (*const (&operations)[N])(T*, CZoFuzzInput&))
@@ -72,8 +62,8 @@ using ZoFuzzOperation = void (*)(T*, CZoFuzzInput&);
 // A row of such a table: one call on the target, its values read from in.
 #define ZO_FUZZ_DO(call) [](auto* target, [[maybe_unused]] CZoFuzzInput& in) { target->call; }
 
-// Every kind the module makes, in the order the inputs name them: its
-// creator, and its typed lookup (kinds found by one lookup share its name).
+// Every kind the module makes, in the order the inputs name them, with its
+// typed lookup (kinds found by one lookup share its name).
 struct SZoFuzzKind
 {
     IZoGraphicsMapObject* (*make)(IZoGraphicsModule&, const std::string&, IZoGraphicsMapLayer*);
@@ -82,15 +72,12 @@ struct SZoFuzzKind
 };
 extern const SZoFuzzKind kZoFuzzKinds[19];
 
-// A QApplication on the offscreen platform, made once.
-void ZoFuzzEnsureApplication();
-// A zoom level and centre read from the input.
+void ZoFuzzEnsureApplication(); // a QApplication on the offscreen platform
 void ZoFuzzZoom(CZoMapModule& map, CZoFuzzInput& in, double latitude = 85.0);
-// Paints the scene's source rectangle into a small image.
 void ZoFuzzPaint(QGraphicsScene* scene, const QRectF& source, bool antialiased = false);
 
-// Keeps the library's warnings from the log while a run lasts: they are
-// expected by the thousand. A run that counts them is handed each.
+// Keeps the library's warnings (expected by the thousand) from the log; a
+// run that counts them is handed each.
 class CZoQuietLog
 {
 public:

@@ -1,7 +1,5 @@
 #include "fuzz/ZoFuzz.h"
-
 #include <ZoGraphics/CZoMapModule.h>
-
 #include <QApplication>
 #include <QGraphicsScene>
 #include <QImage>
@@ -59,15 +57,8 @@ const SZoFuzzKind kZoFuzzKinds[19] = {
 };
 #undef ZO_FUZZ_KIND
 
-void ZoFuzzSetFailureHandler(ZoFuzzFailureHandler handler)
-{
-    g_failureHandler = handler ? handler : AbortOnFailure;
-}
-
-void ZoFuzzFail(const std::string& what)
-{
-    g_failureHandler(what);
-}
+void ZoFuzzSetFailureHandler(ZoFuzzFailureHandler handler) { g_failureHandler = handler ? handler : AbortOnFailure; }
+void ZoFuzzFail(const std::string& what) { g_failureHandler(what); }
 
 int CZoFuzzInput::Int(int low, int high)
 {
@@ -89,9 +80,8 @@ double CZoFuzzInput::Double()
     std::uint64_t bits = 0;
     for (int i = 0; i < 8; ++i)
         bits = bits << 8 | Byte();
-    double value = 0.0;
-    std::memcpy(&value, &bits, sizeof value);
-    return value;
+    double value;
+    return *static_cast<double*>(std::memcpy(&value, &bits, sizeof value));
 }
 
 double CZoFuzzInput::Plain(double low, double high)
@@ -118,17 +108,15 @@ void ZoFuzzEnsureApplication()
     static int argc = 1;
     static char name[] = "zographics_fuzz";
     static char* argv[] = {name, nullptr};
-    // libFuzzer ends the process with exit(): an application destroyed among
-    // the static objects would run Qt's post routines after the caches they
-    // clean up are gone. It lives as long as the process instead.
+    // libFuzzer ends with exit(): a static application would run Qt's post
+    // routines after the caches they clean up are gone. It lives on instead.
     static QApplication* const application = new QApplication(argc, argv);
     Q_UNUSED(application);
 }
 
 void ZoFuzzZoom(CZoMapModule& map, CZoFuzzInput& in, double latitude)
 {
-    const double level = in.Plain(0.0, 21.0);
-    const double x = in.Plain(-180, 180);
+    const double level = in.Plain(0.0, 21.0), x = in.Plain(-180, 180);
     map.SetZoomAround(level, x, in.Plain(-latitude, latitude));
 }
 
@@ -142,14 +130,7 @@ void ZoFuzzPaint(QGraphicsScene* scene, const QRectF& source, bool antialiased)
 }
 
 CZoQuietLog::CZoQuietLog(std::function<void(const std::string&)> seen)
-    : m_previous(ZoSetLogSink([seen](EZoLogLevel, const std::string& message) {
-          if (seen)
-              seen(message);
-      }))
+    : m_previous(ZoSetLogSink([seen](EZoLogLevel, const std::string& message) { seen ? seen(message) : void(); }))
 {
 }
-
-CZoQuietLog::~CZoQuietLog()
-{
-    ZoSetLogSink(m_previous);
-}
+CZoQuietLog::~CZoQuietLog() { ZoSetLogSink(m_previous); }

@@ -1,16 +1,11 @@
 // Files a careless or hostile host hands to the readers: what is not a regular
-// file, pictures that declare huge sizes, GeoJSON past its size cap. Each
-// reader refuses them with its own text and keeps working.
+// file, pictures that declare huge sizes. Each reader refuses them with its
+// own text and keeps working.
 #include "support/ModuleFixture.h"
-#include "support/RenderItem.h"
 #include "support/ScratchFiles.h"
-
 #include <ZoGraphics/ZoGeoJson.h>
-
 #include <QBuffer>
-#include <QGraphicsTextItem>
-#include <QTextDocument>
-#include <QUrl>
+#include <QGraphicsItem>
 #include <QtEndian>
 #include <atomic>
 #include <fcntl.h>
@@ -59,7 +54,6 @@ QByteArray Encoded(const char* format)
     image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format);
     return bytes;
 }
@@ -70,8 +64,7 @@ QByteArray Claiming(const char* format, quint16 side)
 {
     QByteArray bytes = Encoded(format);
     const bool png = qstrcmp(format, "PNG") == 0;
-    const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5;
-    const int step = png ? 4 : 2;
+    const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5, step = png ? 4 : 2;
     for (int i = 0; i < 2; ++i)
     {
         bytes[header + step * (i + 1) - 2] = static_cast<char>(side >> 8);
@@ -90,21 +83,6 @@ QByteArray SvgWithImage(const QString& href)
            href.toUtf8() + "'/></svg>";
 }
 
-QByteArray Gzipped(const QByteArray& bytes)
-{
-    z_stream stream{};
-    deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, 16 + MAX_WBITS, 8, Z_DEFAULT_STRATEGY);
-    QByteArray out(static_cast<int>(deflateBound(&stream, static_cast<uLong>(bytes.size()))), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.constData()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef*>(out.data());
-    stream.avail_out = static_cast<uInt>(out.size());
-    deflate(&stream, Z_FINISH);
-    out.resize(static_cast<int>(stream.total_out));
-    deflateEnd(&stream);
-    return out;
-}
-
 class HostileFilesTest : public ModuleFixture
 {
 protected:
@@ -115,11 +93,9 @@ protected:
     {
         const char* name;
         std::function<void(const std::string& path)> read;
-        std::string notRegular;
-        std::string hugePicture;
+        std::string notRegular, hugePicture;
         std::vector<std::string> followUp; // logged after the refusal of what is not a file
     };
-
     std::vector<Reader> Readers()
     {
         const std::string svgImage = "[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: ";
@@ -128,15 +104,10 @@ protected:
              "[CZoMarkPointMapObject::SetIconFile] 不是普通文件, 拒绝读取: ",
              "[CZoMarkPointMapObject::SetIconFile] 图片尺寸过大或未知, 拒绝解码: "},
             {"texture",
-             [this](const std::string& p) {
-                 module.CreateRectangleMapObject("r", nullptr)->SetBrushTextureFile(Qt::TexturePattern, p);
-             },
+             [this](const std::string& p) { module.CreateRectangleMapObject("r", nullptr)->SetBrushTextureFile(Qt::TexturePattern, p); },
              "[CZoRectangleMapObject::SetBrushTextureFile] 不是普通文件, 拒绝读取: ",
              "[CZoRectangleMapObject::SetBrushTextureFile] 图片尺寸过大或未知, 拒绝解码: "},
-            {"svg",
-             [this](const std::string& p) {
-                 EXPECT_FALSE(module.CreateSVGMapObject("s", nullptr)->LoadSVGFile(p, CVector3D(0, 0, 0)));
-             },
+            {"svg", [this](const std::string& p) { EXPECT_FALSE(module.CreateSVGMapObject("s", nullptr)->LoadSVGFile(p, {})); },
              "[CZoSVGMapObject::LoadSVGFile] 不是普通文件, 拒绝读取: ", "",
              {"[CZoSVGMapObject::LoadSVGFile] Qt-Item加载SVG失败"}},
             {"svg image",
@@ -154,16 +125,13 @@ protected:
              "[CZoGeoJsonReader::LoadFile] 不是普通文件: ", ""},
         };
     }
-
     // Lays the text out, which is when Qt asks for its images.
-    QGraphicsTextItem* Html(const std::string& html)
+    void Html(const std::string& html)
     {
         IZoTextMapObject* text = module.CreateTextMapObject("t", nullptr);
         text->SetHtml(html);
         text->GetQtItem()->boundingRect();
-        return static_cast<QGraphicsTextItem*>(text->GetQtItem());
     }
-
     ScratchFiles files;
 };
 } // namespace
@@ -194,55 +162,17 @@ TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHe
     for (const auto& [path, declared] :
          std::vector<std::pair<std::string, std::string>>{{png, "30000x30000"}, {jpeg, "60000x60000"}})
         for (const Reader& r : Readers())
-        {
-            if (r.hugePicture.empty())
-                continue;
-            SCOPED_TRACE(std::string(r.name) + " " + path);
-            log.Clear();
-            r.read(path);
-            const bool namesThePath = r.name == std::string("svg image");
-            EXPECT_EQ(log.Messages(), std::vector<std::string>{r.hugePicture + (namesThePath ? path : declared)});
-        }
+            if (!r.hugePicture.empty())
+            {
+                log.Clear();
+                r.read(path);
+                const bool namesThePath = r.name == std::string("svg image");
+                EXPECT_EQ(log.Messages(), std::vector<std::string>{r.hugePicture + (namesThePath ? path : declared)}) << r.name;
+            }
     // Inline in an SVG, the same picture is refused before Qt decodes it.
     log.Clear();
     const QString inlined = QStringLiteral("data:image/png;base64,") + QString::fromLatin1(Claiming("PNG", 30000).toBase64());
     EXPECT_TRUE(ConvertSVGToImage(files.Write(QStringLiteral("inline.svg"), SvgWithImage(inlined))).isNull());
-    ASSERT_EQ(log.Messages().size(), 1u);
-    EXPECT_EQ(log.Messages()[0].rfind("[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: data:image/png", 0), 0u);
-}
-
-TEST_F(HostileFilesTest, HugeSvgsAreRenderedAtTheCapAndHugeGeoJsonIsNotRead)
-{
-    IZoMarkPointMapObject* mark = module.CreateMarkPointMapObject("m", nullptr);
-    mark->SetIconFile(files.Write(QStringLiteral("wide.svg"),
-                                  "<svg xmlns='http://www.w3.org/2000/svg' width='32768' height='16'/>"));
-    EXPECT_EQ(mark->GetIcon().size(), QSize(8192, 4));
-    const std::string huge = files.Path(QStringLiteral("huge.geojson"));
-    QFile sparse(files.FilePath(QStringLiteral("huge.geojson")));
-    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly) && sparse.resize((qint64(256) << 20) + 1)); // no blocks written
-    sparse.close();
-    EXPECT_FALSE(ZoGeoJsonNS::LoadGeoJsonFile(&module, nullptr, huge).parsed);
-    EXPECT_EQ(log.Messages(),
-              (std::vector<std::string>{"[CZoMarkPointMapObject::SetIconFile] SVG尺寸过大, 图像已缩小到: 8192x4",
-                                        "[CZoGeoJsonReader::LoadFile] 文件超过大小上限: " + huge}));
-}
-
-TEST_F(HostileFilesTest, OrdinaryPicturesStillLoadEverywhere)
-{
-    const std::string png = files.Write(QStringLiteral("small.png"), Encoded("PNG"));
-    const QVariant image = Html("<img src=\"" + png + "\">")->document()->resource(
-        QTextDocument::ImageResource, QUrl(QString::fromStdString(png)));
-    EXPECT_EQ(image.value<QImage>().size(), QSize(7, 5));
-    // An SVG with an image of its own, plain and compressed.
-    const QByteArray holder = SvgWithImage(QString::fromStdString(png));
-    EXPECT_TRUE(module.CreateSVGMapObject("s", nullptr)
-                    ->LoadSVGFile(files.Write(QStringLiteral("plain.svg"), holder), CVector3D(0, 0, 0)));
-    EXPECT_TRUE(module.CreateSVGMapObject("z", nullptr)
-                    ->LoadSVGFile(files.Write(QStringLiteral("packed.svgz"), Gzipped(holder)), CVector3D(0, 0, 0)));
-    EXPECT_EQ(log.Messages(), std::vector<std::string>{});
-    // A texture that cannot be read leaves the fill painted.
-    IZoCircleMapObject* circle = module.CreateCircleMapObject("circle", nullptr);
-    circle->SetRadiusPoint(CVector3D(1, 0, 0));
-    circle->SetBrushTextureFile(Qt::TexturePattern, files.Write(QStringLiteral("bad.png"), Encoded("PNG").left(40)));
-    EXPECT_NE(RenderItemCentred(circle->GetQtItem(), 40, 40), BlankCanvas(40, 40));
+    EXPECT_EQ(log.Messages(), std::vector<std::string>{"[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: " +
+                                                        inlined.left(256).toStdString()});
 }

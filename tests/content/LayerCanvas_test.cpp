@@ -1,15 +1,9 @@
 #include "support/ImageCompare.h"
 #include "support/KindFixture.h"
-
 #include "content/canvas/CZoLayerCanvasMapObject.h"
-
 #include <ZoGraphics/ZoTileModel.h>
-
-#include <QCoreApplication>
 #include <QGraphicsItem>
 #include <QPainter>
-
-using Messages = std::vector<std::string>;
 
 namespace
 {
@@ -40,36 +34,6 @@ protected:
     }
 };
 
-TEST_F(LayerCanvas, ExtentBeforeInitialiseIsRefused)
-{
-    CZoLayerCanvasMapObject loose;
-    LogCapture capture;
-    loose.SetExtent(EXTENT{1.0, 2.0, 3.0, 4.0});
-    EXPECT_EQ(loose.GetExtent(), EXTENT());
-    EXPECT_EQ(capture.Messages(), (Messages{"[CZoLayerCanvasMapObject::SetExtent] MapModule模块未初始化设置"}));
-    // Pictures need no map.
-    loose.SetImage(Quadrants());
-    EXPECT_EQ(loose.GetImage(), Quadrants());
-}
-
-TEST_F(LayerCanvas, ItemSpansTheExtentFromItsTopLeftCorner)
-{
-    object->SetExtent(EXTENT{10.0, 20.0, 30.0, 40.0});
-    EXPECT_EQ(Item()->pos(), QPointF(100.0, -400.0));
-    EXPECT_EQ(Item()->boundingRect(), QRectF(0.0, 0.0, 200.0, 200.0));
-    // The host zooms: the next position update follows the new pixels.
-    map.pixelsPerDegree = 20.0;
-    object->UpdatePosition();
-    EXPECT_EQ(Item()->pos(), QPointF(200.0, -800.0));
-    EXPECT_EQ(Item()->boundingRect(), QRectF(0.0, 0.0, 400.0, 400.0));
-    // Bad extents are ignored.
-    object->SetExtent(EXTENT{std::nan(""), 0.0, 1.0, 1.0});
-    object->SetExtent(EXTENT{0.0, 0.0, HUGE_VAL, 1.0});
-    EXPECT_EQ(object->GetExtent(), (EXTENT{10.0, 20.0, 30.0, 40.0}));
-    EXPECT_EQ(object->GetBoundingBox().min, CVector3D(10.0, 20.0, 0.0));
-    EXPECT_EQ(object->GetBoundingBox().max, CVector3D(30.0, 40.0, 0.0));
-}
-
 // Without a picture nothing is drawn, but hits are still taken; a picture is
 // stretched over the extent the right way up, on the scene and on a canvas.
 TEST_F(LayerCanvas, ImageIsStretchedTheRightWayUpAndNoImageDrawsNothing)
@@ -81,7 +45,6 @@ TEST_F(LayerCanvas, ImageIsStretchedTheRightWayUpAndNoImageDrawsNothing)
     EXPECT_TRUE(map.Scene()->items(QPointF(20.0, -10.0)).contains(Item()));
     object->SetImage(Quadrants());
     EXPECT_EQ(CompareWithReference(Render(80, 40), QStringLiteral("canvas_quadrants"), 8, 0), QString());
-
     object->SetExtent(EXTENT{-180.0, 0.0, 0.0, 85.0511287798});
     // Web Mercator level 0: the north-west quarter of the world.
     QImage target = BlankCanvas(256, 256);

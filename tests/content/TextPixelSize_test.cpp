@@ -1,9 +1,7 @@
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
-
 #include <QGraphicsItem>
 #include <gtest/gtest.h>
-
 #include <cmath>
 
 // A text that keeps its pixel size (the default) keeps its width on screen

@@ -1,13 +1,9 @@
-#include "support/ImageCompare.h"
+#include "support/RenderItem.h"
 #include "support/KindFixture.h"
 #include "support/ScratchFiles.h"
-
 #include "content/text/CZoTextMapObject.h"
-
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoTileModel.h>
-
-#include <QFontMetrics>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -25,17 +21,19 @@ class Text : public KindFixture<TextKind>
 {
 protected:
     QGraphicsTextItem* Item() const { return static_cast<QGraphicsTextItem*>(object->GetQtItem()); }
-    QTextDocument* Document() const { return Item()->document(); }
     // The character format in force at a document position.
     QTextCharFormat FormatAt(int position) const
     {
-        QTextCursor cursor(Document());
+        QTextCursor cursor(Item()->document());
         cursor.setPosition(position);
         return cursor.charFormat();
     }
-    QTextFrameFormat Frame() const { return Document()->rootFrame()->frameFormat(); }
-    void Type(const QString& keys)
+    QTextFrameFormat Frame() const { return Item()->document()->rootFrame()->frameFormat(); }
+    void Type(const QString& keys) // at the end
     {
+        QTextCursor cursor = Item()->textCursor();
+        cursor.movePosition(QTextCursor::End);
+        Item()->setTextCursor(cursor);
         for (const QChar c : keys)
         {
             QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
@@ -43,20 +41,6 @@ protected:
         }
     }
 };
-
-TEST_F(Text, StoredTextAnswersByModeAndDirtyLoadsItIntoANewItem)
-{
-    layer->SetAutoAdd(false);
-    IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
-    loose->SetHtml("<b>x</b>");
-    EXPECT_EQ(loose->GetText(), "");
-    loose->SetText("plain");
-    EXPECT_EQ(loose->GetHtml(), "");
-    loose->Dirty();
-    ASSERT_NE(loose->GetQtItem(), nullptr);
-    EXPECT_EQ(static_cast<QGraphicsTextItem*>(loose->GetQtItem())->toPlainText(), QStringLiteral("plain"));
-    EXPECT_TRUE(log.Messages().empty());
-}
 
 // The look is kept in the document's formats, and survives the text being
 // replaced, plain or HTML.
@@ -74,17 +58,16 @@ TEST_F(Text, LookLivesInTheDocumentAndSurvivesNewText)
     object->SetHtml("<p>one <i>two</i></p>");
     for (int position : {1, 5})
     {
-        const QTextCharFormat format = FormatAt(position);
-        EXPECT_EQ(format.intProperty(QTextFormat::FontWeight), kHeaviestWeight) << position;
-        EXPECT_EQ(format.fontPointSize(), 20.0);
-        EXPECT_EQ(format.textOutline().color(), QColor(200, 100, 0));
-        EXPECT_EQ(format.textOutline().widthF(), 2.5);
-        EXPECT_EQ(format.foreground(), QBrush(QColor(10, 20, 30)));
+        const QTextCharFormat f = FormatAt(position);
+        EXPECT_EQ(QString::asprintf("%d %g %s %g %s", f.intProperty(QTextFormat::FontWeight), f.fontPointSize(),
+                                    qPrintable(f.textOutline().color().name()), f.textOutline().widthF(),
+                                    qPrintable(f.foreground().color().name())),
+                  QStringLiteral("%1 20 #c86400 2.5 #0a141e").arg(kHeaviestWeight));
     }
-    EXPECT_EQ(Frame().padding(), 4.0);
-    EXPECT_EQ(Frame().border(), 1.5);
-    EXPECT_EQ(Frame().borderBrush(), QBrush(QColor(0, 0, 255)));
-    EXPECT_EQ(Frame().background(), QBrush(QColor(255, 255, 0, 128)));
+    EXPECT_EQ(QString::asprintf("%g %g %s %s", Frame().padding(), Frame().border(),
+                                qPrintable(Frame().borderBrush().color().name()),
+                                qPrintable(Frame().background().color().name(QColor::HexArgb))),
+              QStringLiteral("4 1.5 #0000ff #80ffff00"));
     object->SetOutlineWidth(0.0);
     EXPECT_EQ(FormatAt(1).textOutline().style(), Qt::NoPen);
 }
@@ -95,13 +78,9 @@ TEST_F(Text, TypedKeysFlowBackInPlainAndHtmlMode)
     object->SetInteractive(true);
     object->EnableTextInteraction(true);
     ASSERT_TRUE(object->IsTextInteractionEnabled());
-    QTextCursor cursor = Item()->textCursor();
-    cursor.movePosition(QTextCursor::End);
-    Item()->setTextCursor(cursor);
     Type(QStringLiteral("cd"));
     EXPECT_EQ(object->GetText(), "abcd");
-    // Typed text takes the object's look at once.
-    EXPECT_EQ(FormatAt(4).intProperty(QTextFormat::FontWeight), kHeaviestWeight);
+    EXPECT_EQ(FormatAt(4).intProperty(QTextFormat::FontWeight), kHeaviestWeight); // the look at once
     // Clicks on an editable text are recorded and go on to the view.
     QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
     press.setButton(Qt::LeftButton);
@@ -109,14 +88,9 @@ TEST_F(Text, TypedKeysFlowBackInPlainAndHtmlMode)
     map.Scene()->sendEvent(Item(), &press);
     EXPECT_FALSE(press.isAccepted());
     EXPECT_EQ(map.GetEventObject()->property("Scene_MousePress").toList(), QVariantList{object->GetObjectID()});
-
     object->SetHtml("<b>x</b>");
-    cursor = Item()->textCursor();
-    cursor.movePosition(QTextCursor::End);
-    Item()->setTextCursor(cursor);
     Type(QString::fromUtf8("长"));
     EXPECT_NE(object->GetHtml().find(Gb18030(QString::fromUtf8("x长"))), std::string::npos);
-
     // The stored text is the edited one: without the item it is what is left.
     object->EnableTextInteraction(false);
     EXPECT_FALSE(object->IsTextInteractionEnabled());
@@ -141,68 +115,6 @@ TEST_F(Text, InteractionNeedsAPresentedVisibleItem)
                                         "[CZoTextMapObject::EnableTextInteraction] Qt-Item不存在"}));
 }
 
-TEST_F(Text, AnglesNormaliseAndTheEditAngleStaysSilent)
-{
-    object->SetRotateAngle(370.0);
-    EXPECT_EQ(Item()->rotation(), 10.0);
-    object->SetRotationVector(CVector3D(1.0, 2.0, -30.0));
-    EXPECT_EQ(Item()->rotation(), object->GetRotateAngle());
-    object->SetRotateAngle(std::nan(""));
-    EXPECT_EQ(Item()->rotation(), object->GetRotateAngle());
-    object->SetEditAngle(40.0);
-    EXPECT_EQ(object->GetEditAngle(), 0.0);
-}
-
-TEST_F(Text, ScaleFollowsTheMapOnlyWhenAskedAndIgnoresNonPositiveScales)
-{
-    map.ChangeViewScale(4.0);
-    EXPECT_EQ(Item()->scale(), 0.25);
-    object->SetScaleWithMap(false);
-    EXPECT_EQ(Item()->scale(), 1.0);
-    map.ChangeViewScale(2.0);
-    EXPECT_EQ(Item()->scale(), 1.0);
-    // Rebuild follows the map's scale whatever the switch says.
-    object->Rebuild(8.0);
-    EXPECT_EQ(Item()->scale(), 0.125);
-    object->Rebuild(0.0);
-    object->Rebuild(-3.0);
-    object->SetResolution(0.0);
-    EXPECT_EQ(Item()->scale(), 0.125);
-}
-
-// --- measuring -------------------------------------------------------------------
-
-// The longest line by characters ("iiiiii", not "WW") and every line; an
-// object's box uses the host's scale in whole steps.
-TEST_F(Text, BoxMeasuresTheLongestLineByCharactersAndEveryLine)
-{
-    QFont font(QStringLiteral("DejaVu Sans"), 14);
-    const QFontMetrics metrics(font);
-    const CVector3D position(116.4, 39.9, 0.0);
-    const CAABB box = CalculateTextBoundingBox("WW\n\niiiiii", font, position, 0.5);
-    const CTileModel* tiles = ITileModel::GetTileModel(2, true);
-    int px = 0;
-    int py = 0;
-    ASSERT_TRUE(tiles->ConvertGeoToPixel(&px, &py, 21, position.x, position.y));
-    double x = 0.0;
-    double y = 0.0;
-    tiles->ConvertPixelToGeo(&x, &y, 21, px + metrics.horizontalAdvance(QStringLiteral("iiiiii")) * 0.5,
-                             py + metrics.height() * 3 * 0.5);
-    EXPECT_DOUBLE_EQ(box.min.x, position.x);
-    EXPECT_DOUBLE_EQ(box.max.x, x);
-    EXPECT_DOUBLE_EQ(box.max.y, position.y);
-    EXPECT_DOUBLE_EQ(box.min.y, y);
-
-    object->SetText("abc");
-    object->SetPosition(CVector3D(10.0, 20.0, 0.0));
-    map.viewScale = 2.7; // counts as 2
-    const CAABB expected = CalculateTextBoundingBox("abc", object->GetFont(), CVector3D(10.0, 20.0, 0.0), 0.5);
-    EXPECT_EQ(object->GetBoundingBox().max.x, expected.max.x);
-    EXPECT_EQ(object->GetBoundingBox().min.y, expected.min.y);
-}
-
-// --- painting ---------------------------------------------------------------------
-
 namespace
 {
 // Outlined text in a framed, tinted box: what the reference shows.
@@ -222,19 +134,13 @@ void StyleForPainting(IZoTextMapObject* object)
 TEST_F(Text, OutlinedTextMatchesItsReferenceOnTheSceneAndOnACanvas)
 {
     StyleForPainting(object);
-    QImage image = BlankCanvas(160, 60);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(8, 8);
-    Item()->paint(&painter, nullptr, nullptr);
-    painter.end();
-    EXPECT_EQ(CompareWithReference(image, QStringLiteral("text_outline"), 16, 24), QString());
-
+    EXPECT_EQ(CompareWithReference(RenderItemAt(Item(), 160, 60, QPointF(8, 8)), QStringLiteral("text_outline"), 16, 24),
+              QString());
     layer->SetAutoAdd(false);
     IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
     StyleForPainting(loose);
     QImage canvas = BlankCanvas(256, 256);
-    painter.begin(&canvas);
+    QPainter painter(&canvas);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-120, -120); // Web Mercator level 0: (0, 0) is pixel (128, 128)
     loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);

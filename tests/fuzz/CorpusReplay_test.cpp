@@ -1,15 +1,13 @@
 #include "fuzz/ZoFuzz.h"
-
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 #include <random>
 #include <stdexcept>
 
-// Every input the fuzzers were seeded with or ever failed on runs again
-// here, so that what was once found stays fixed; then seeded random inputs,
-// so that a change that breaks a fuzzer's model shows without a fuzzing run
-// (the point lists' model above all).
+// Every input the fuzzers were seeded with or ever failed on runs again, so
+// that what was once found stays fixed; then seeded random inputs, so that a
+// change that breaks a fuzzer's model shows without a fuzzing run.
 namespace
 {
 struct SFuzzTarget
@@ -20,25 +18,16 @@ struct SFuzzTarget
     int longest; // bytes of a random input
 };
 
-void PrintTo(const SFuzzTarget& target, std::ostream* out)
-{
-    *out << target.name;
-}
-
 class CorpusReplay : public ::testing::TestWithParam<SFuzzTarget>
 {
 protected:
-    void SetUp() override
-    {
-        ZoFuzzSetFailureHandler([](const std::string& what) { throw std::runtime_error(what); });
-    }
+    void SetUp() override { ZoFuzzSetFailureHandler([](const std::string& what) { throw std::runtime_error(what); }); }
     void TearDown() override { ZoFuzzSetFailureHandler(nullptr); }
     void Run(const QByteArray& bytes, const std::string& input)
     {
         try
         {
-            GetParam().run(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                           static_cast<std::size_t>(bytes.size()));
+            GetParam().run(reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size()));
         }
         catch (const std::exception& mismatch)
         {

@@ -1,30 +1,12 @@
 #include "support/ModuleFixture.h"
-
 #include <QGraphicsItem>
 
 class GraphicsMapLayer : public ModuleFixture
 {
 protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        layer = module.CreateGraphicsLayer("layer");
-    }
+    void SetUp() override { ModuleFixture::SetUp(), layer = module.CreateGraphicsLayer("layer"); }
     IZoGraphicsMapLayer* layer = nullptr;
 };
-
-TEST_F(GraphicsMapLayer, AttachingTwiceKeepsOneEntryAndLeavesZAlone)
-{
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);
-    EXPECT_EQ(dot->GetZValue(), 400);
-    dot->SetZValue(5);
-    EXPECT_TRUE(layer->AttachMapObject(dot));
-    EXPECT_EQ(layer->GetMapObjectCount(), 1);
-    EXPECT_EQ(dot->GetZValue(), 5);
-    EXPECT_FALSE(layer->AttachMapObject(nullptr));
-    EXPECT_FALSE(layer->ContainsMapObject(nullptr));
-    EXPECT_FALSE(layer->DetachMapObject(nullptr));
-}
 
 TEST_F(GraphicsMapLayer, PropagatingSettersReachEveryObject)
 {
@@ -34,7 +16,6 @@ TEST_F(GraphicsMapLayer, PropagatingSettersReachEveryObject)
     layer->SetZValue(10);
     EXPECT_EQ(a->GetZValue(), 10);
     EXPECT_EQ(b->GetQtItem()->zValue(), 10);
-
     layer->SetNameVisible(true);
     EXPECT_TRUE(a->IsNameVisible());
     layer->SetVisible(false);
@@ -43,77 +24,21 @@ TEST_F(GraphicsMapLayer, PropagatingSettersReachEveryObject)
     EXPECT_TRUE(b->GetQtItem()->isVisible());
 }
 
-TEST_F(GraphicsMapLayer, WithoutAutoAddItemsEnterTheSceneOnlyThroughSetInScene)
-{
-    layer->SetAutoAdd(false);
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);
-    EXPECT_EQ(dot->GetQtItem(), nullptr);
-    layer->SetInScene(true); // the current value: nothing happens
-    EXPECT_FALSE(dot->IsInScene());
-    layer->SetInScene(false);
-    layer->SetInScene(true);
-    ASSERT_NE(dot->GetQtItem(), nullptr);
-    EXPECT_EQ(dot->GetQtItem()->scene(), map.Scene());
-    EXPECT_TRUE(dot->GetQtItem()->isVisible());
-}
-
 TEST_F(GraphicsMapLayer, DetachingTakesItemsOutOfTheSceneAndDestroyingAllGoesThroughTheModule)
 {
     IZoDotMapObject* a = module.CreateDotMapObject("a", layer);
     IZoDotMapObject* b = module.CreateDotMapObject("b", layer);
     EXPECT_TRUE(layer->DetachMapObject(a));
     EXPECT_TRUE(layer->DetachMapObject(a)); // not found: still true
-    EXPECT_EQ(a->GetQtItem()->scene(), nullptr);
-    EXPECT_FALSE(a->IsInScene());
+    EXPECT_TRUE(a->GetQtItem()->scene() == nullptr && !a->IsInScene());
     EXPECT_TRUE(layer->DetachAllMapObjects());
     EXPECT_EQ(layer->GetMapObjectCount(), 0);
     EXPECT_EQ(b->GetQtItem()->scene(), nullptr);
     EXPECT_TRUE(layer->DetachAllMapObjects());
     EXPECT_NE(module.LookupGraphicObject("a"), nullptr);
-    // Destroying all goes through the module.
     layer->AttachMapObject(a);
     EXPECT_TRUE(layer->DestroyAllMapObjects());
     EXPECT_EQ(module.LookupGraphicObject("a"), nullptr);
     EXPECT_NE(module.LookupGraphicObject("b"), nullptr);
     EXPECT_TRUE(layer->DestroyAllMapObjects());
-}
-
-TEST(GraphicsMapLayerAlone, DestroyAllWithoutAModuleKeepsTheObjects)
-{
-    FakeMapModule map;
-    CZoGraphicsModule module;
-    module.Initialise("m", &map);
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", nullptr);
-
-    auto* loose = module.CreateGraphicsLayer("loose");
-    loose->Unintialise();
-    ASSERT_TRUE(loose->Initialise("loose", &map, nullptr));
-    loose->AttachMapObject(dot);
-    EXPECT_FALSE(loose->DestroyAllMapObjects());
-    EXPECT_TRUE(loose->ContainsMapObject(dot));
-    loose->DetachAllMapObjects();
-    module.Unintialise();
-}
-
-TEST_F(GraphicsMapLayer, ViewEventsReachObjectsAndAreNotConsumed)
-{
-    IZoDotMapObject* dot = module.CreateDotMapObject("d", layer);
-    dot->SetPosition(CVector3D(3.0, 4.0, 0.0));
-    auto* handler = dynamic_cast<IZoMapEventHandler*>(layer);
-    ASSERT_NE(handler, nullptr);
-
-    dot->SetMaxLodLevel(12);
-    map.lod = 13;
-    EXPECT_FALSE(handler->OnLodLevelChanged(13));
-    EXPECT_FALSE(dot->GetQtItem()->isVisible());
-
-    map.pixelsPerDegree = 20.0;
-    EXPECT_FALSE(handler->OnViewChanged());
-    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(60.0, -80.0));
-    map.pixelsPerDegree = 30.0;
-    EXPECT_FALSE(handler->OnViewMoved());
-    EXPECT_EQ(dot->GetQtItem()->pos(), QPointF(90.0, -120.0));
-
-    EXPECT_FALSE(handler->OnViewScaleChanged(2.0));
-    EXPECT_DOUBLE_EQ(dot->GetQtItem()->boundingRect().width(), 2 * (6.0 + 1.0) * 0.5);
 }

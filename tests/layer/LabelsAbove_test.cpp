@@ -1,6 +1,5 @@
 #include "support/ImageCompare.h"
 #include "support/ModuleFixture.h"
-
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QPainter>
@@ -42,7 +41,6 @@ protected:
                 n += image.pixel(x, y) == qRgb(0, 0, 255);
         return n;
     }
-
     IZoGraphicsMapLayer* layer = nullptr;
     IZoDotMapObject* named = nullptr;
     IZoDotMapObject* marker = nullptr;
@@ -54,10 +52,7 @@ TEST_F(LabelsAbove, ADeclutteredLayerDrawsNamesAboveLaterMarkersAndHitTestsFindO
     dynamic_cast<IZoLabelDeclutter*>(layer)->SetLabelDeclutter(true);
     EXPECT_GT(BluePixels(), 20);
     // Over the name, the scene answers with the marker alone.
-    const QList<QGraphicsItem*> hits = map.Scene()->items(QPointF(30.0, -12.0));
-    ASSERT_EQ(hits.size(), 1);
-    EXPECT_EQ(hits.front(), marker->GetQtItem());
-
+    EXPECT_EQ(map.Scene()->items(QPointF(30.0, -12.0)), QList<QGraphicsItem*>{marker->GetQtItem()});
     // A later colour reaches the name drawn by the layer; switching off
     // gives the name back to its dot.
     named->SetNameColor(QColor(255, 0, 0));

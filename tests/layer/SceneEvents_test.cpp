@@ -1,7 +1,4 @@
 #include "support/ModuleFixture.h"
-
-#include "layer/ZoSceneEvents.h"
-
 #include <QGraphicsView>
 #include <QMouseEvent>
 #include <QTest>
@@ -30,72 +27,33 @@ QList<int> Ids(const QObject* events, const char* name)
         ids.append(id.toInt());
     return ids;
 }
+
+using SceneEvents = ModuleFixture;
 } // namespace
-
-class SceneEvents : public ModuleFixture
-{
-protected:
-    void SetUp() override
-    {
-        ModuleFixture::SetUp();
-        for (const char* name : {"lower", "upper", "inert"})
-        {
-            IZoDotMapObject* dot = module.CreateDotMapObject(name, nullptr);
-            dot->SetPosition(CVector3D(0.0, 0.0, 0.0));
-            dots.push_back(dot);
-        }
-        dots[0]->SetInteractive(true);
-        dots[1]->SetInteractive(true);
-        dots[1]->SetZValue(500);
-        dots[2]->SetZValue(600); // on top, but not interactive
-
-        view = std::make_unique<RecordingView>(map.Scene());
-        view->resize(200, 200);
-        view->setSceneRect(-100, -100, 200, 200);
-        view->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
-    }
-    QPoint Centre() const { return view->mapFromScene(QPointF(0.0, 0.0)); }
-    QObject* Events() { return map.GetEventObject(); }
-
-    std::vector<IZoDotMapObject*> dots;
-    std::unique_ptr<RecordingView> view;
-};
 
 TEST_F(SceneEvents, OverlappingInteractiveDotsAreRecordedInDeliveryOrder)
 {
-    QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, Centre());
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, Qt::NoModifier, Centre());
-    const QList<int> expected{dots[1]->GetObjectID(), dots[0]->GetObjectID()};
-    EXPECT_EQ(Ids(Events(), "Scene_MousePress"), expected);
-    // The release goes to no item: nobody grabbed the press.
-    EXPECT_TRUE(Ids(Events(), "Scene_MouseRelease").isEmpty());
-    // The items ignored the press, so the view still has it.
-    ASSERT_EQ(view->acceptedByScene.size(), 1u);
-    EXPECT_FALSE(view->acceptedByScene[0]);
-}
-
-TEST_F(SceneEvents, NonInteractiveDotsAreNeverRecorded)
-{
-    QTest::mouseMove(view->viewport(), Centre());
-    QTest::mouseDClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, Centre());
-    const int inert = dots[2]->GetObjectID();
-    for (const char* name : {"Scene_HoverEnter", "Scene_HoverMove", "Scene_MousePress", "Scene_MouseDoubleClicked"})
-        EXPECT_FALSE(Ids(Events(), name).contains(inert)) << name;
-    EXPECT_TRUE(Ids(Events(), "Scene_HoverEnter").contains(dots[1]->GetObjectID()));
-    EXPECT_TRUE(Ids(Events(), "Scene_MouseDoubleClicked").contains(dots[0]->GetObjectID()));
-}
-
-TEST_F(SceneEvents, RecordingAppendsKeepsDuplicatesAndGrabsOnce)
-{
-    Events()->setProperty("Scene_MousePress", QVariant());
-    RecordSceneEvent("Scene_MousePress", dots[0]);
-    RecordSceneEvent("Scene_MousePress", dots[0]);
-    RecordSceneEvent("Scene_MousePress", nullptr);
-    const int id = dots[0]->GetObjectID();
-    EXPECT_EQ(Ids(Events(), "Scene_MousePress"), (QList<int>{id, id}));
-
-    RecordSceneGrab("Scene_MousePressGrab", dots[0]);
-    RecordSceneGrab("Scene_MousePressGrab", nullptr);
-    EXPECT_EQ(Events()->property("Scene_MousePressGrab"), QVariant(true));
+    std::vector<IZoDotMapObject*> dots;
+    for (const char* name : {"lower", "upper", "inert"})
+    {
+        dots.push_back(module.CreateDotMapObject(name, nullptr));
+        dots.back()->SetPosition(CVector3D(0.0, 0.0, 0.0));
+    }
+    dots[0]->SetInteractive(true);
+    dots[1]->SetInteractive(true);
+    dots[1]->SetZValue(500);
+    dots[2]->SetZValue(600); // on top, but not interactive
+    RecordingView view(map.Scene());
+    view.resize(200, 200);
+    view.setSceneRect(-100, -100, 200, 200);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const QPoint centre = view.mapFromScene(QPointF(0.0, 0.0));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    const QObject* events = map.GetEventObject();
+    EXPECT_EQ(Ids(events, "Scene_MousePress"), (QList<int>{dots[1]->GetObjectID(), dots[0]->GetObjectID()}));
+    // Nobody grabbed the press: the release goes to no item, the view has it.
+    EXPECT_TRUE(Ids(events, "Scene_MouseRelease").isEmpty());
+    EXPECT_EQ(view.acceptedByScene, std::vector<bool>{false});
 }

@@ -1,9 +1,6 @@
 #include <ZoGraphics/ZoCore.h>
-
 #include <gtest/gtest.h>
-
 #include <QRegularExpression>
-
 #include <cfloat>
 #include <cmath>
 #include <limits>
@@ -22,11 +19,7 @@ TEST(CoreIds, UuidIsVersion4AndUnique)
         QStringLiteral("^[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}$"));
     std::set<std::string> seen;
     for (int i = 0; i < 1000; ++i)
-    {
-        const std::string uuid = ZoCreateUUID();
-        ASSERT_TRUE(format.match(QString::fromStdString(uuid)).hasMatch()) << uuid;
-        seen.insert(uuid);
-    }
+        ASSERT_TRUE(format.match(QString::fromStdString(*seen.insert(ZoCreateUUID()).first)).hasMatch());
     EXPECT_EQ(seen.size(), 1000u);
 }
 
@@ -45,53 +38,12 @@ TEST(CoreMath, IsEqualIsRelativeWithAnAbsoluteFloorAndNaNEqualsNothing)
 
 TEST(CoreMath, NormalizeDegreeLandsInZeroTo360)
 {
-    for (const auto& [in, out] : std::vector<std::pair<double, double>>{
-             {-90.0, 270.0}, {720.0, 0.0}, {-360.0, 0.0}, {359.5, 359.5}, {-725.0, 355.0}})
+    for (const auto& [in, out] : std::vector<std::pair<double, double>>{{-90.0, 270.0}, {720.0, 0.0}, {-725.0, 355.0}})
         EXPECT_DOUBLE_EQ(NormalizeDegree(in), out) << in;
     EXPECT_FALSE(std::signbit(NormalizeDegree(-0.0)));
     // A remainder too small to survive adding 360 must not yield 360.
     for (const double extreme : {-1.0e-20, 1.0e300})
-    {
-        EXPECT_GE(NormalizeDegree(extreme), 0.0);
-        EXPECT_LT(NormalizeDegree(extreme), 360.0);
-    }
+        EXPECT_TRUE(NormalizeDegree(extreme) >= 0.0 && NormalizeDegree(extreme) < 360.0) << extreme;
     EXPECT_TRUE(std::isnan(NormalizeDegree(kNaN)));
     EXPECT_EQ(NormalizeDegree(-kInf), -kInf);
-}
-
-TEST(CoreAABB, EmptyUntilExtendedAndEmptyBoxesAddNothing)
-{
-    CAABB box;
-    box.Extend(CAABB());
-    EXPECT_TRUE(box.IsEmpty());
-    EXPECT_EQ(box.Center(), CVector3D());
-    box.Extend(CVector3D(3.0, -2.0, 1.0));
-    EXPECT_FALSE(box.IsEmpty());
-    EXPECT_EQ(box.min, CVector3D(3.0, -2.0, 1.0));
-    EXPECT_EQ(box.max, CVector3D(3.0, -2.0, 1.0));
-    box.Extend(CVector3D(-1.0, 4.0, 1.0));
-    EXPECT_EQ(box.Center(), CVector3D(1.0, 1.0, 1.0));
-
-    CAABB other;
-    other.Extend(CVector3D(-5.0, 10.0, -1.0));
-    box.Extend(other);
-    box.Extend(CAABB());
-    EXPECT_EQ(box.min, CVector3D(-5.0, -2.0, -1.0));
-    EXPECT_EQ(box.max, CVector3D(3.0, 10.0, 1.0));
-    box.Reset();
-    EXPECT_TRUE(box.IsEmpty());
-}
-
-TEST(VariantSet, CopiesAreIndependentAndClearEmptiesBoth)
-{
-    CZoVariantSetObject set;
-    set.SetProperty("name", QStringLiteral("北京"));
-    set.SetUserData(7, 42);
-    CZoVariantSetObject copy(set);
-    set.RemoveProperty("name");
-    EXPECT_FALSE(set.HasProperty("name"));
-    EXPECT_EQ(copy.GetProperty("name").toString(), QStringLiteral("北京"));
-    copy.Clear();
-    EXPECT_FALSE(copy.GetUserData(7).isValid());
-    EXPECT_EQ(set.GetUserData(7).toInt(), 42);
 }

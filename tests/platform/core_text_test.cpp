@@ -1,7 +1,5 @@
 #include <ZoGraphics/ZoCoreUtility.h>
-
 #include <gtest/gtest.h>
-
 #include <string>
 
 TEST(CoreText, Gb18030BytesAndRoundTrips)
@@ -18,12 +16,4 @@ TEST(CoreText, Gb18030BytesAndRoundTrips)
         EXPECT_EQ(ConvertStdStringToQString(gb, "GB18030"), text) << utf8;
         EXPECT_EQ(ConvertCharArrayToQString(gb.c_str(), "GB18030"), text) << utf8;
     }
-}
-
-TEST(CoreText, UnknownCodePageFallsBackToUtf8)
-{
-    const QString text = QStringLiteral("北京 abc");
-    EXPECT_EQ(ConvertQStringToStdString(text, "NO-SUCH-CODEPAGE"), text.toUtf8().toStdString());
-    EXPECT_EQ(ConvertStdStringToQString(text.toUtf8().toStdString(), "NO-SUCH-CODEPAGE"), text);
-    EXPECT_EQ(ConvertCharArrayToQString(text.toUtf8().constData(), nullptr), text);
 }

@@ -1,18 +1,14 @@
-// What hosts do every day with the lifetimes of objects, layers and modules:
-// destroy an object from inside its own event, clear a layer while Qt is
-// still delivering a press, hand one module's layer to another, delete the
-// map module first, call in from a worker thread.
+// Lifetimes as hosts handle them: an object destroyed from its own event, a
+// layer cleared inside a press, another module's layer, the map module gone
+// first, calls from a worker thread.
 #include "support/MapObjectKinds.h"
 #include "support/ModuleFixture.h"
-
 #include <ZoGraphics/CZoMapModule.h>
-
 #include <QCoreApplication>
 #include <QGraphicsProxyWidget>
 #include <QGraphicsView>
 #include <QPushButton>
 #include <QTest>
-
 #include <algorithm>
 #include <functional>
 #include <thread>
@@ -24,18 +20,8 @@ int CountOf(const std::vector<std::string>& messages, const std::string& text)
     return static_cast<int>(std::count(messages.begin(), messages.end(), text));
 }
 
-template <class Kind>
-Kind* Embedding(Kind* object, QWidget* widget)
-{
-    object->SetWidget(widget);
-    return object;
-}
-
 // Deletions Qt could not do while it was still delivering an event.
-void RunDeferredDeletes()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
+void RunDeferredDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 // Clears the layer whenever an item records a press.
 class ClearOnPress : public QObject
@@ -49,14 +35,9 @@ protected:
     {
         if (event->type() == QEvent::DynamicPropertyChange &&
             static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == "Scene_MousePress")
-        {
-            ++clears;
-            m_layer->DestroyAllMapObjects();
-        }
+            ++clears, m_layer->DestroyAllMapObjects();
         return false;
     }
-
-private:
     IZoGraphicsMapLayer* m_layer;
 };
 } // namespace
@@ -75,11 +56,9 @@ protected:
     QPoint ViewPointOf(QWidget* embedded)
     {
         QWidget* top = embedded->window();
-        QGraphicsProxyWidget* proxy = top->graphicsProxyWidget();
-        const QPointF scene = proxy->mapToScene(QPointF(embedded->mapTo(top, embedded->rect().center())));
-        return view->mapFromScene(scene);
+        return view->mapFromScene(
+            top->graphicsProxyWidget()->mapToScene(QPointF(embedded->mapTo(top, embedded->rect().center()))));
     }
-
     std::unique_ptr<QGraphicsView> view;
 };
 
@@ -92,9 +71,11 @@ TEST_F(HostLifetimes, ButtonInAnEmbeddedWidgetDestroysItsOwnObject)
     {
         auto button = std::make_unique<QPushButton>(QStringLiteral("close"));
         button->resize(80, 30);
-        IZoGraphicsMapObject* object =
-            bubble ? static_cast<IZoGraphicsMapObject*>(Embedding(module.CreateBubbleMapObject("b", nullptr), button.get()))
-                   : Embedding(module.CreateWidgetMapObject("w", nullptr), button.get());
+        IZoGraphicsMapObject* object = nullptr;
+        if (auto* b = bubble ? module.CreateBubbleMapObject("b", nullptr) : nullptr)
+            b->SetWidget(button.get()), object = b;
+        else if (auto* w = module.CreateWidgetMapObject("w", nullptr))
+            w->SetWidget(button.get()), object = w;
         object->SetInteractive(true);
         const int id = object->GetObjectID();
         int clicks = 0;
@@ -148,10 +129,8 @@ TEST_F(HostLifetimes, CreatorsRefuseAnotherModulesLayer)
     EXPECT_EQ(module.CreateTranslateEditObject(foreign), nullptr);
     EXPECT_EQ(module.GetRegisteredObjectCount(), before);
     EXPECT_EQ(foreign->GetMapObjectCount(), 0);
-    const std::vector<std::string> messages = log.Messages();
-    EXPECT_EQ(CountOf(messages, "[CZoGraphicsModule::CreateDotMapObject] 图层不属于本模块"), 1);
-    EXPECT_EQ(CountOf(messages, "[CZoGraphicsModule::CreateTranslateEditObject] 图层不属于本模块"), 1);
-
+    EXPECT_EQ(CountOf(log.Messages(), "[CZoGraphicsModule::CreateDotMapObject] 图层不属于本模块"), 1);
+    EXPECT_EQ(CountOf(log.Messages(), "[CZoGraphicsModule::CreateTranslateEditObject] 图层不属于本模块"), 1);
     // Nor does it destroy what is not its own.
     IZoDotMapObject* theirs = other.CreateDotMapObject("theirs", foreign);
     module.DestroyGraphicsMapObject(theirs);
@@ -182,9 +161,7 @@ TEST(HostMapModuleGoneFirst, GraphicsModuleSurvivesTheTeardown)
             if (auto* w = dynamic_cast<IZoWidgetMapObject*>(object))
                 w->SetWidget(widget.get());
         }
-        IZoGraphicsEditObject* gadget = module.CreateScaleEditObject(nullptr);
-        module.DestroyGraphicsEditObject(gadget);
-
+        module.DestroyGraphicsEditObject(module.CreateScaleEditObject(nullptr));
         host.reset();
         EXPECT_EQ(module.CreateDotMapObject("late", nullptr), nullptr);
         module.Unintialise();
@@ -218,10 +195,9 @@ TEST_F(HostLifetimes, WorkerThreadCallsAreRefused)
     EXPECT_EQ(module.GetRegisteredObjectCount(), before);
     EXPECT_EQ(module.LookupGraphicObject("gui"), dot);
     EXPECT_EQ(dot->GetZValue(), 400);
-    const std::vector<std::string> messages = log.Messages();
     for (const char* text : {"[CZoGraphicsModule::CreateDotMapObject] 只能在GUI线程调用",
                              "[CZoDotMapObject::SetName] 只能在GUI线程调用",
                              "[CZoDotMapObject::SetZValue] 只能在GUI线程调用",
                              "[CZoGraphicsModule::DestroyGraphicsMapObject] 只能在GUI线程调用"})
-        EXPECT_EQ(CountOf(messages, text), 1) << text;
+        EXPECT_EQ(CountOf(log.Messages(), text), 1) << text;
 }

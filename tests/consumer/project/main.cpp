@@ -1,9 +1,7 @@
 // An outside program built against the installed package.
 #include <ZoGraphics/ZoGraphics.h>
 #include <ZoGraphics/ZoMapHost.h>
-
 #include <QApplication>
-
 #include <cmath>
 #include <cstdio>
 
@@ -12,26 +10,17 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-
     CZoMapModule map;
     map.SetZoom(10.0);
     IZoMapModule& module = map;
-    int px = 0;
-    int py = 0;
-    if (!module.ConvertSceneToPixel(&px, &py, 116.4074, 39.9042))
-    {
-        std::fprintf(stderr, "conversion failed\n");
-        return 1;
-    }
-    int expectedX = 0;
-    int expectedY = 0;
-    ITileModel::GetTileModel(E_TILE_MODEL_WEB_MERCATOR)->ConvertGeoToPixel(&expectedX, &expectedY, 10, 116.4074,
-                                                                             39.9042);
-    double lon = 0.0;
-    double lat = 0.0;
+    int px = 0, py = 0, expectedX = 0, expectedY = 0;
+    double lon = 0.0, lat = 0.0;
+    const bool converted = module.ConvertSceneToPixel(&px, &py, 116.4074, 39.9042);
+    ITileModel::GetTileModel(E_TILE_MODEL_WEB_MERCATOR)->ConvertGeoToPixel(&expectedX, &expectedY, 10, 116.4074, 39.9042);
     module.ConvertPixelToScene(&lon, &lat, px, py);
     std::printf("(116.4074, 39.9042) at level 10 -> pixel (%d, %d) -> (%.5f, %.5f)\n", px, py, lon, lat);
-    const bool ok = px == expectedX && py == expectedY && std::abs(lon - 116.4074) < 1e-3 &&
-                    std::abs(lat - 39.9042) < 1e-3 && module.GetScene() && module.GetEventObject();
-    return ok ? 0 : 1;
+    return converted && px == expectedX && py == expectedY && std::abs(lon - 116.4074) < 1e-3 &&
+                   std::abs(lat - 39.9042) < 1e-3 && module.GetScene() && module.GetEventObject()
+               ? 0
+               : 1;
 }
