@@ -176,3 +176,21 @@ TEST_F(HostileFilesTest, PicturesDeclaringHugeSizesAreRefusedAfterReadingTheirHe
     EXPECT_EQ(log.Messages(), std::vector<std::string>{"[ConvertSVGToImage] SVG引用的图片不可读取或过大, 拒绝加载: " +
                                                         inlined.left(256).toStdString()});
 }
+
+// A 136-byte icon declaring 30000 pixels took gigabytes; a GeoJSON file past
+// the cap would be read whole before parsing.
+TEST_F(HostileFilesTest, LargeDeclaredSizesAreCappedBeforeAnythingIsDecoded)
+{
+    const std::string svg = files.Write(QStringLiteral("wide.svg"),
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"30000\" height=\"15000\"><rect width=\"9\" height=\"9\"/></svg>");
+    module.CreateMarkPointMapObject("m", nullptr)->SetIconFile(svg);
+    EXPECT_EQ(log.Messages(), std::vector<std::string>{"[CZoMarkPointMapObject::SetIconFile] SVG尺寸过大, 图像已缩小到: 8192x4096"});
+    log.Clear();
+    const QString big = files.FilePath(QStringLiteral("big.geojson"));
+    QFile file(big);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(256LL * 1024 * 1024 + 1));
+    file.close();
+    EXPECT_FALSE(ZoGeoJsonNS::LoadGeoJsonFile(&module, nullptr, files.Path(QStringLiteral("big.geojson"))).parsed);
+    EXPECT_EQ(log.Messages(), std::vector<std::string>{"[CZoGeoJsonReader::LoadFile] 文件超过大小上限: " +
+                                                        files.Path(QStringLiteral("big.geojson"))});
+}
