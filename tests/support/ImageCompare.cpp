@@ -8,31 +8,6 @@
 
 namespace
 {
-// The references are drawn under Qt 5. Qt 6 lays text out and rasterises its
-// glyphs differently (other hinting, glyph advances and text-document sizes),
-// so every picture with text differs from them along the glyphs' edges; the
-// shapes themselves match. Under Qt 6 such a picture may differ in up to this
-// many pixels: what Qt 6.4.2 gives, plus a fifth.
-int Qt6TextAllowance(const QString& name)
-{
-    if (QT_VERSION_MAJOR < 6)
-        return 0;
-    static const std::pair<const char*, int> allowances[] = {
-        {"markpoint_label_", 300},      // measured up to 248
-        {"dot_label_", 370},            // up to 308
-        {"text_outline", 2350},         // 1958: 18 pt text in a box
-        {"bubble_tails", 2750},         // 2298: six bubbles with labels
-        {"circle_label_bottom", 470},   // 387
-        {"ellipse_label_right", 580},   // 477
-        {"polygon_label_centre", 380},  // 316
-        {"polyline_label", 570},        // 474
-    };
-    for (const auto& [prefix, pixels] : allowances)
-        if (name.startsWith(QLatin1String(prefix)))
-            return pixels;
-    return 0;
-}
-
 int ChannelDistance(QRgb a, QRgb b)
 {
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b)),
@@ -83,7 +58,7 @@ QString CompareWithReference(const QImage& actualImage, const QString& name, int
             }
         }
     }
-    if (bad <= std::max(maxBadPixels, Qt6TextAllowance(name)))
+    if (bad <= maxBadPixels)
         return QString();
     actual.save(outputBase + QStringLiteral(".actual.png"));
     diff.save(outputBase + QStringLiteral(".diff.png"));
