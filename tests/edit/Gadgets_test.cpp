@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 #include <vector>
 
 using Calls = std::vector<std::string>;
@@ -30,41 +31,37 @@ namespace
 {
 using Creator = IZoGraphicsEditObject* (IZoGraphicsModule::*)(IZoGraphicsMapLayer*);
 
+// A kind: its creator, the handle a drag takes hold of, the user's four
+// operations of a gesture, and the value before the press (what a click
+// completes with and Escape backs out to).
 struct SGadgetKind
 {
     const char* name;
     Creator create;
-    // The handle a drag takes hold of.
     IZoGraphicsMapObject* (*handle)(IZoGraphicsEditObject*);
-    // The user's operations of the gesture, as recorded.
-    const char* start;
-    const char* process;
-    const char* complete;
-    const char* backout;
-    // What a click completes with and Escape backs out to: the value before the press.
-    const char* clicked;
-    const char* backedOut;
+    std::string start, process, complete, backout, value;
 };
 
+template <class T, int Index = -1>
+IZoGraphicsMapObject* HandleOf(IZoGraphicsEditObject* g)
+{
+    if constexpr (Index < 0)
+        return static_cast<T*>(g)->GetDot();
+    else if constexpr (std::is_same_v<T, CScaleBox>)
+        return static_cast<T*>(g)->GetHandle(Index);
+    else
+        return static_cast<T*>(g)->GetPointHandle(Index);
+}
+
 const SGadgetKind kKinds[] = {
-    {"translate", &IZoGraphicsModule::CreateTranslateEditObject,
-     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* { return static_cast<CTranslateBall*>(g)->GetDot(); },
-     "StartTranslation", "ProcessTranslation", "CompleteTranslation", "BackoutTranslation",
-     "CompleteTranslation 2.0000,3.0000", "BackoutTranslation 2.0000,3.0000"},
-    {"rotation", &IZoGraphicsModule::CreateRotationEditObject,
-     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* { return static_cast<CRotationAxis*>(g)->GetDot(); },
-     "StartRotation", "ProcessRotation", "CompleteRotation", "BackoutRotation", "CompleteRotation 30.0000",
-     "BackoutRotation 30.0000"},
-    {"scale", &IZoGraphicsModule::CreateScaleEditObject,
-     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* { return static_cast<CScaleBox*>(g)->GetHandle(2); },
-     "StartScale", "ProcessScale", "CompleteScale", "BackoutScale", "CompleteScale 1.0000,2.0000,3.0000,4.0000",
-     "BackoutScale 1.0000,2.0000,3.0000,4.0000"},
-    {"key points", &IZoGraphicsModule::CreateKeyPointSetEditObject,
-     [](IZoGraphicsEditObject* g) -> IZoGraphicsMapObject* {
-         return static_cast<CKeyPointSet*>(g)->GetPointHandle(1);
-     },
-     "StartTranslation", "ProcessKeyPoint", "CompleteKeyPoint", "BackoutKeyPoint", "CompleteKeyPoint 1 2.0000,0.0000",
-     "BackoutKeyPoint 1 2.0000,0.0000"},
+    {"translate", &IZoGraphicsModule::CreateTranslateEditObject, &HandleOf<CTranslateBall>, "StartTranslation",
+     "ProcessTranslation", "CompleteTranslation", "BackoutTranslation", " 2.0000,3.0000"},
+    {"rotation", &IZoGraphicsModule::CreateRotationEditObject, &HandleOf<CRotationAxis>, "StartRotation",
+     "ProcessRotation", "CompleteRotation", "BackoutRotation", " 30.0000"},
+    {"scale", &IZoGraphicsModule::CreateScaleEditObject, &HandleOf<CScaleBox, 2>, "StartScale", "ProcessScale",
+     "CompleteScale", "BackoutScale", " 1.0000,2.0000,3.0000,4.0000"},
+    {"key points", &IZoGraphicsModule::CreateKeyPointSetEditObject, &HandleOf<CKeyPointSet, 1>, "StartTranslation",
+     "ProcessKeyPoint", "CompleteKeyPoint", "BackoutKeyPoint", " 1 2.0000,0.0000"},
 };
 
 class GadgetTest : public ModuleFixture
@@ -82,10 +79,10 @@ protected:
             u->points = {CVector3D(0.0, 0.0, 0.0), CVector3D(2.0, 0.0, 0.0), CVector3D(2.0, 2.0, 0.0)};
         }
     }
-    // Made on a module, attached and placed.
-    IZoGraphicsEditObject* Make(IZoGraphicsModule& graphics, const SGadgetKind& kind)
+    // Made on a module (and layer), attached and placed.
+    IZoGraphicsEditObject* Make(IZoGraphicsModule& graphics, const SGadgetKind& kind, IZoGraphicsMapLayer* layer = nullptr)
     {
-        IZoGraphicsEditObject* gadget = (graphics.*kind.create)(nullptr);
+        IZoGraphicsEditObject* gadget = (graphics.*kind.create)(layer);
         gadget->AttachEditableUser(&user);
         gadget->UpdateEditor(0);
         return gadget;
@@ -96,10 +93,8 @@ protected:
     {
         gadget->OnMousePress(&view, 0, 0, id);
         for (QPoint p : {QPoint(50, -50), QPoint(60, -40)})
-        {
             if (!gone)
                 gadget->OnMouseMove(&view, p.x(), p.y(), id);
-        }
         if (!gone && escape)
             gadget->OnKeyPress(&view, Qt::Key_Escape);
         else if (!gone)
@@ -111,6 +106,11 @@ protected:
         for (const std::string& call : calls)
             names.push_back(call.substr(0, call.find(' ')));
         return names;
+    }
+    static Calls Drag(const SGadgetKind& kind) { return {kind.start, kind.process, kind.process, kind.complete}; }
+    bool Handling(IZoGraphicsEditObject* gadget) const
+    {
+        return std::find(map.handlers.begin(), map.handlers.end(), gadget) != map.handlers.end();
     }
     // Everything a host may still do with a gadget whose handles are gone.
     void UseAfterLoss(IZoGraphicsEditObject* gadget, int id)
@@ -138,11 +138,9 @@ TEST_F(GadgetTest, ADragStartsProcessesAndCompletesWithTheHandlesCursor)
     for (const SGadgetKind& kind : kKinds)
     {
         SCOPED_TRACE(kind.name);
-        auto* gadget = static_cast<CZoEditObjectBase*>((module.*kind.create)(layer));
+        auto* gadget = static_cast<CZoEditObjectBase*>(Make(module, kind, layer));
         EXPECT_EQ(gadget->GetGraphicsModule(), &module);
-        EXPECT_NE(std::find(map.handlers.begin(), map.handlers.end(), gadget), map.handlers.end());
-        gadget->AttachEditableUser(&user);
-        gadget->UpdateEditor(0);
+        EXPECT_TRUE(Handling(gadget));
         IZoGraphicsMapObject* handle = kind.handle(gadget);
         EXPECT_EQ(handle->GetGraphicsMapLayer(), layer);
         const int id = handle->GetObjectID();
@@ -155,19 +153,16 @@ TEST_F(GadgetTest, ADragStartsProcessesAndCompletesWithTheHandlesCursor)
         EXPECT_NE(view.Shape(), Qt::CrossCursor);
         EXPECT_TRUE(loaded());
         EXPECT_FALSE(gadget->OnMousePress(&view, 0, 0, -1) || gadget->OnMousePress(nullptr, 0, 0, id));
-        EXPECT_TRUE(gadget->OnMousePress(&view, 0, 0, id));
-        EXPECT_TRUE(loaded());
-        EXPECT_TRUE(gadget->IsDragging());
+        EXPECT_TRUE(gadget->OnMousePress(&view, 0, 0, id) && loaded() && gadget->IsDragging());
         EXPECT_TRUE(gadget->OnMouseMove(&view, 50, -50, id) && gadget->OnMouseMove(&view, 60, -40, id));
         EXPECT_TRUE(gadget->OnMouseRelease(&view, 60, -40, id));
         EXPECT_FALSE(gadget->IsDragging());
-        EXPECT_EQ(Names(user.calls), (Calls{kind.start, kind.process, kind.process, kind.complete}));
+        EXPECT_EQ(Names(user.calls), Drag(kind));
         EXPECT_EQ(view.Shape(), Qt::CrossCursor);
         module.DestroyGraphicsEditObject(gadget);
-        EXPECT_EQ(std::find(map.handlers.begin(), map.handlers.end(), gadget), map.handlers.end());
+        EXPECT_FALSE(Handling(gadget));
         user.calls.clear();
     }
-    module.DestroyGraphicsEditObject(nullptr);
 }
 
 TEST_F(GadgetTest, AClickChangesNothingAndEscapeBacksOutToTheStart)
@@ -182,17 +177,15 @@ TEST_F(GadgetTest, AClickChangesNothingAndEscapeBacksOutToTheStart)
         gadget->OnMousePress(&view, 20, -20, id);
         EXPECT_TRUE(gadget->OnMouseMove(&view, 20 + near, -20 - near, id));
         EXPECT_TRUE(gadget->OnMouseRelease(&view, 20 + near, -20, id));
-        EXPECT_EQ(user.calls, (Calls{kind.start, kind.clicked}));
-
+        EXPECT_EQ(user.calls, (Calls{kind.start, kind.complete + kind.value}));
         EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
         gadget->OnMousePress(&view, 0, 0, id);
         gadget->OnMouseMove(&view, 50, -50, id);
         EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_A));
         EXPECT_TRUE(gadget->OnKeyPress(&view, Qt::Key_Escape));
-        EXPECT_EQ(user.calls.back(), kind.backedOut);
+        EXPECT_EQ(user.calls.back(), kind.backout + kind.value);
         EXPECT_EQ(kind.handle(gadget)->GetQtItem()->pos(), before);
-        EXPECT_FALSE(gadget->IsDragging());
-        EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
+        EXPECT_FALSE(gadget->IsDragging() || gadget->OnKeyPress(&view, Qt::Key_Escape));
         module.DestroyGraphicsEditObject(gadget);
         user.calls.clear();
     }
@@ -209,14 +202,11 @@ TEST_F(GadgetTest, DisablingOrAnotherUserEndsTheDragSilently)
         gadget->OnMousePress(&view, 0, 0, id);
         gadget->OnMouseMove(&view, 50, -50, id);
         gadget->SetEnabled(false);
-        EXPECT_FALSE(gadget->IsDragging());
-        EXPECT_FALSE(gadget->OnMouseRelease(&view, 50, -50, id));
-        EXPECT_FALSE(gadget->OnKeyPress(&view, Qt::Key_Escape));
-        EXPECT_FALSE(gadget->OnHoverEnter(&view, 50, -50, id));
+        EXPECT_FALSE(gadget->IsDragging() || gadget->OnMouseRelease(&view, 50, -50, id) ||
+                     gadget->OnKeyPress(&view, Qt::Key_Escape) || gadget->OnHoverEnter(&view, 50, -50, id));
         gadget->SetEnabled(true);
         EXPECT_FALSE(gadget->OnMouseRelease(&view, 50, -50, id));
         EXPECT_EQ(user.calls.size(), 2u);
-
         // A new user mid-drag: the drag ends, the handles stay, and only the
         // new user hears of the next one.
         gadget->OnMousePress(&view, 0, 0, id);
@@ -225,17 +215,15 @@ TEST_F(GadgetTest, DisablingOrAnotherUserEndsTheDragSilently)
         EXPECT_EQ(kind.handle(gadget), handle);
         Gesture(gadget, id, false);
         EXPECT_EQ(user.calls.size(), 3u);
-        EXPECT_EQ(Names(other.calls), (Calls{kind.start, kind.process, kind.process, kind.complete}));
-
-        // Detached: hidden and deaf; uninitialised: the handles destroyed.
+        EXPECT_EQ(Names(other.calls), Drag(kind));
+        // Detached: hidden and deaf; uninitialised: the handles destroyed,
+        // a user ignored.
         gadget->DetachEditableUser();
         gadget->SetVisible(true);
-        EXPECT_FALSE(handle->IsVisible());
-        EXPECT_FALSE(gadget->OnMousePress(&view, 0, 0, id));
+        EXPECT_FALSE(handle->IsVisible() || gadget->OnMousePress(&view, 0, 0, id));
         gadget->Unintialise();
-        EXPECT_EQ(module.LookupGraphicObject(id), nullptr);
-        gadget->AttachEditableUser(&user); // without a module: ignored
-        EXPECT_EQ(gadget->GetEditableUser(), nullptr);
+        gadget->AttachEditableUser(&user);
+        EXPECT_TRUE(module.LookupGraphicObject(id) == nullptr && gadget->GetEditableUser() == nullptr);
         EXPECT_FALSE(gadget->Initialise(nullptr, nullptr));
         module.DestroyGraphicsEditObject(gadget);
         user.calls.clear();
@@ -243,7 +231,10 @@ TEST_F(GadgetTest, DisablingOrAnotherUserEndsTheDragSilently)
     }
 }
 
-TEST_F(GadgetTest, ClearingTheHandlesLayerMidDragEndsTheDragAndNewHandlesFollow)
+// Cleared under a drag: the drag ends unheard of, the next update makes the
+// handles anew. A destroyed layer: no handle lands on another layer in its
+// place. The module torn down first has destroyed the handles already.
+TEST_F(GadgetTest, AGadgetOutlivesItsHandlesAndItsLayer)
 {
     for (const SGadgetKind& kind : kKinds)
     {
@@ -254,9 +245,8 @@ TEST_F(GadgetTest, ClearingTheHandlesLayerMidDragEndsTheDragAndNewHandlesFollow)
         DefaultLayer()->DestroyAllMapObjects();
         EXPECT_EQ(kind.handle(gadget), nullptr);
         EXPECT_FALSE(gadget->OnMouseMove(&view, 50, -50, id));
-        EXPECT_EQ(user.calls, Calls{kind.start}); // nothing processed or completed
+        EXPECT_EQ(user.calls, Calls{kind.start});
         UseAfterLoss(gadget, id);
-        // The next update makes the handles anew.
         gadget->AttachEditableUser(&user);
         gadget->UpdateEditor(0);
         ASSERT_NE(kind.handle(gadget), nullptr);
@@ -264,17 +254,12 @@ TEST_F(GadgetTest, ClearingTheHandlesLayerMidDragEndsTheDragAndNewHandlesFollow)
         module.DestroyGraphicsEditObject(gadget);
         user.calls.clear();
     }
-}
-
-TEST_F(GadgetTest, AGadgetOutlivesItsLayerAndStaysInert)
-{
     IZoGraphicsMapLayer* layer = module.CreateGraphicsLayer("edit");
     const int objects = module.GetRegisteredObjectCount();
     std::vector<IZoGraphicsEditObject*> gadgets;
     for (const SGadgetKind& kind : kKinds)
         gadgets.push_back((module.*kind.create)(layer));
     module.DestroyGraphicsLayer(layer);
-    // No handle lands on another layer in the freed one's place.
     for (IZoGraphicsEditObject* gadget : gadgets)
     {
         gadget->AttachEditableUser(&user);
@@ -283,36 +268,21 @@ TEST_F(GadgetTest, AGadgetOutlivesItsLayerAndStaysInert)
         module.DestroyGraphicsEditObject(gadget);
     }
     EXPECT_EQ(module.GetRegisteredObjectCount(), objects);
-    // The module torn down first has destroyed the handles already.
     IZoGraphicsEditObject* late = Make(module, kKinds[0]);
     UnintialiseNow();
     module.DestroyGraphicsEditObject(late);
 }
 
-TEST_F(GadgetTest, TheModuleTornDownOrTheGadgetGivenBackInsideAnyCallback)
+// Given back inside any callback of a gesture: the rest of the gesture, its
+// handles and its place among the map's handlers go with it.
+TEST_F(GadgetTest, TheGadgetGivenBackInsideAnyCallback)
 {
     for (const SGadgetKind& kind : kKinds)
-    {
-        for (const char* trigger : {kind.start, kind.process, kind.complete, kind.backout})
+        for (const std::string& trigger : {kind.start, kind.process, kind.complete, kind.backout})
         {
             SCOPED_TRACE(std::string(kind.name) + " in " + trigger);
-            CZoGraphicsModule graphics;
-            ASSERT_TRUE(graphics.Initialise("torn", &map));
-            IZoGraphicsEditObject* gadget = Make(graphics, kind);
-            int id = kind.handle(gadget)->GetObjectID();
-            user.onCall = [&](const std::string& operation) {
-                if (operation == trigger)
-                    graphics.Unintialise();
-            };
-            Gesture(gadget, id, trigger == kind.backout);
-            EXPECT_EQ(Names(user.calls).back(), trigger);
-            user.onCall = nullptr;
-            UseAfterLoss(gadget, id);
-            EXPECT_EQ(kind.handle(gadget), nullptr);
-            graphics.DestroyGraphicsEditObject(gadget);
-
-            gadget = Make(module, kind);
-            id = kind.handle(gadget)->GetObjectID();
+            IZoGraphicsEditObject* gadget = Make(module, kind);
+            const int id = kind.handle(gadget)->GetObjectID();
             bool gone = false;
             user.onCall = [&](const std::string& operation) {
                 if (operation == trigger && !gone)
@@ -324,37 +294,11 @@ TEST_F(GadgetTest, TheModuleTornDownOrTheGadgetGivenBackInsideAnyCallback)
             Gesture(gadget, id, trigger == kind.backout, gone);
             user.onCall = nullptr;
             ASSERT_TRUE(gone);
+            EXPECT_EQ(Names(user.calls).back(), trigger);
             EXPECT_EQ(module.LookupGraphicObject(id), nullptr);
-            EXPECT_EQ(std::find(map.handlers.begin(), map.handlers.end(), gadget), map.handlers.end());
+            EXPECT_FALSE(Handling(gadget));
             user.calls.clear();
         }
-    }
-}
-
-TEST_F(GadgetTest, ABackoutTheUserTakesKeepsTheStartForTheNextOne)
-{
-    // Translate ball and scale box: the start stays after a backout the user
-    // handled, and a press the user starts itself records none.
-    for (const SGadgetKind* kind : {&kKinds[0], &kKinds[2]})
-    {
-        SCOPED_TRACE(kind->name);
-        IZoGraphicsEditObject* gadget = Make(module, *kind);
-        const int id = kind->handle(gadget)->GetObjectID();
-        user.takeOver = {kind->backout};
-        Gesture(gadget, id, true);
-        user.takeOver = {kind->start, kind->backout};
-        Gesture(gadget, id, true);
-        EXPECT_EQ(user.calls.back(), kind->backedOut);
-        // Backed out by the gadget itself: the ball forgets its start, the
-        // box keeps it.
-        user.takeOver = {};
-        Gesture(gadget, id, true);
-        user.takeOver = {kind->start};
-        Gesture(gadget, id, true);
-        EXPECT_EQ(user.calls.back(), kind == &kKinds[0] ? "BackoutTranslation 0.0000,0.0000" : kind->backedOut);
-        module.DestroyGraphicsEditObject(gadget);
-        user.calls.clear();
-    }
 }
 
 TEST_F(GadgetTest, TheBallFollowsThePointerUnlessTheUserMovesItsThing)
@@ -383,37 +327,41 @@ TEST_F(GadgetTest, TheBallFollowsThePointerUnlessTheUserMovesItsThing)
 TEST_F(GadgetTest, TheBoxsHandlesSitOnCornersAndIntegerMidpointsAndEachMovesItsSides)
 {
     auto* box = static_cast<CScaleBox*>(Make(module, kKinds[2]));
-    const CVector3D expected[] = {{1.0, 4.0, 0.0}, {3.0, 4.0, 0.0}, {3.0, 2.0, 0.0}, {1.0, 2.0, 0.0},
-                                  {2.0, 4.0, 0.0}, {3.0, 3.0, 0.0}, {2.0, 2.0, 0.0}, {1.0, 3.0, 0.0}};
-    const Qt::CursorShape cursors[] = {Qt::SizeFDiagCursor, Qt::SizeBDiagCursor, Qt::SizeFDiagCursor,
-                                       Qt::SizeBDiagCursor, Qt::SizeVerCursor,   Qt::SizeHorCursor,
-                                       Qt::SizeVerCursor,   Qt::SizeHorCursor};
-    const char* boxes[] = {"0.0000,2.0000,3.0000,5.0000", "1.0000,2.0000,0.0000,5.0000",
-                           "1.0000,5.0000,0.0000,4.0000", "0.0000,5.0000,3.0000,4.0000",
-                           "1.0000,2.0000,3.0000,5.0000", "1.0000,2.0000,0.0000,4.0000",
-                           "1.0000,5.0000,3.0000,4.0000", "0.0000,2.0000,3.0000,4.0000"};
+    const struct
+    {
+        double x, y;
+        Qt::CursorShape cursor;
+        const char* dragged; // 50 pixels up
+    } rows[] = {{1, 4, Qt::SizeFDiagCursor, "0.0000,2.0000,3.0000,5.0000"},
+                {3, 4, Qt::SizeBDiagCursor, "1.0000,2.0000,0.0000,5.0000"},
+                {3, 2, Qt::SizeFDiagCursor, "1.0000,5.0000,0.0000,4.0000"},
+                {1, 2, Qt::SizeBDiagCursor, "0.0000,5.0000,3.0000,4.0000"},
+                {2, 4, Qt::SizeVerCursor, "1.0000,2.0000,3.0000,5.0000"},
+                {3, 3, Qt::SizeHorCursor, "1.0000,2.0000,0.0000,4.0000"},
+                {2, 2, Qt::SizeVerCursor, "1.0000,5.0000,3.0000,4.0000"},
+                {1, 3, Qt::SizeHorCursor, "0.0000,2.0000,3.0000,4.0000"}};
+    user.takeOver = {"CompleteScale"};
     for (int i = 0; i < CScaleBox::kHandleCount; ++i)
     {
         SCOPED_TRACE(i);
         user.calls.clear();
         box->UpdateEditor(0);
         const int id = box->GetHandle(i)->GetObjectID();
-        EXPECT_EQ(box->GetHandle(i)->GetPosition(), expected[i]);
+        EXPECT_EQ(box->GetHandle(i)->GetPosition(), CVector3D(rows[i].x, rows[i].y, 0.0));
         box->OnHoverEnter(&view, 0, 0, id);
-        EXPECT_EQ(view.Shape(), cursors[i]);
+        EXPECT_EQ(view.Shape(), rows[i].cursor);
         box->OnHoverLeave(&view, 0, 0, id);
-        user.takeOver = {"CompleteScale"};
         box->OnMousePress(&view, 0, 0, id);
         box->OnMouseMove(&view, 0, -50, id);
         box->OnMouseRelease(&view, 0, -50, id);
-        EXPECT_EQ(user.calls[1], std::string("ProcessScale ") + boxes[i]);
+        EXPECT_EQ(user.calls[1], std::string("ProcessScale ") + rows[i].dragged);
     }
-    // 10 to 21 pixels: the midpoint 15.5 drops its half pixel.
+    // 10 to 21 pixels: the midpoint 15.5 drops its half pixel; a box that is
+    // not finite leaves the handles where they are.
     user.box = EXTENT{1.0, 2.0, 2.1, 4.1};
     box->UpdateEditor(0);
     EXPECT_DOUBLE_EQ(box->GetHandle(4)->GetPosition().x, 1.5);
     EXPECT_DOUBLE_EQ(box->GetHandle(5)->GetPosition().y, 3.0);
-    // A box that is not finite leaves the handles where they are.
     user.box = EXTENT{1.0, std::numeric_limits<double>::quiet_NaN(), 3.0, std::numeric_limits<double>::infinity()};
     box->UpdateEditor(0);
     EXPECT_DOUBLE_EQ(box->GetHandle(4)->GetPosition().x, 1.5);
@@ -430,8 +378,7 @@ TEST_F(GadgetTest, TheBoxsFrameFollowsUnderTheHandlesAndIsNormalisedOnRelease)
     box->OnMousePress(&view, 0, 0, id);
     box->OnMouseMove(&view, 20, -30, id);
     box->OnMouseMove(&view, 50, -10, id);
-    EXPECT_TRUE(frame->IsVisible());
-    EXPECT_EQ(shown(), "5.0000,2.0000,3.0000,1.0000"); // inverted while moving
+    EXPECT_TRUE(frame->IsVisible() && shown() == "5.0000,2.0000,3.0000,1.0000") << shown(); // inverted while moving
     EXPECT_EQ(box->GetHandle(2)->GetPosition(), CVector3D(3.0, 2.0, 0.0));
     const QList<QGraphicsItem*> order = map.Scene()->items(Qt::DescendingOrder);
     for (int i = 0; i < CScaleBox::kHandleCount; ++i)
@@ -446,8 +393,7 @@ TEST_F(GadgetTest, TheBoxsFrameFollowsUnderTheHandlesAndIsNormalisedOnRelease)
     EXPECT_EQ(box->GetActiveHandle(), -1);
     // Escape puts the frame back to the user's box at the press.
     Gesture(box, box->GetHandle(2)->GetObjectID(), true);
-    EXPECT_FALSE(frame->IsVisible());
-    EXPECT_EQ(shown(), "1.0000,2.0000,3.0000,4.0000");
+    EXPECT_TRUE(!frame->IsVisible() && shown() == "1.0000,2.0000,3.0000,4.0000") << shown();
     // A user that takes the start shows its own frame; one that adjusts the
     // box (here: at least 1 degree wide) sees its adjustment shown.
     user.takeOver = {"StartScale"};

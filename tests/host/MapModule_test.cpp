@@ -10,12 +10,13 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 using Journal = std::vector<std::string>;
 
 TEST(MapHostModule, ConversionsRoundTripAtSeveralZooms)
 {
-    const QPointF places[] = {{116.4074, 39.9042}, {-73.9857, 40.7484}, {0.0, 0.0}, {-179.5, -60.0}, {179.9, 84.0}};
+    const QPointF places[] = {{116.4074, 39.9042}, {-179.5, -60.0}, {179.9, 84.0}};
     for (int kind : {1, 2})
     {
         for (double zoom : {0.0, 3.5, 15.25, 21.0})
@@ -64,7 +65,7 @@ TEST(MapHostModule, ZoomSplitsIntoLevelAndScaleAndBadValuesAreRefused)
     }
     module.SetZoom(6.5);
     LogCapture log;
-    module.SetZoom(std::numeric_limits<double>::quiet_NaN());
+    module.SetZoom(std::nan(""));
     module.SetCenter(std::numeric_limits<double>::infinity(), 0.0);
     EXPECT_NEAR(module.GetZoom(), 6.5, 1e-12);
     EXPECT_EQ(module.CalculateDistance(std::nan(""), 0.0, 1.0, 1.0), 0.0);
@@ -75,8 +76,8 @@ TEST(MapHostModule, ZoomSplitsIntoLevelAndScaleAndBadValuesAreRefused)
     module.SetCenter(200.0, 89.0);
     double lon = 0.0, lat = 0.0;
     module.GetCenter(&lon, &lat);
-    EXPECT_EQ(lon, module.GetTileModel()->GetGeoExtent().xmax);
-    EXPECT_EQ(lat, module.GetTileModel()->GetGeoExtent().ymax);
+    const EXTENT world = module.GetTileModel()->GetGeoExtent();
+    EXPECT_EQ(QPointF(lon, lat), QPointF(world.xmax, world.ymax));
 }
 
 TEST(MapHostModule, CalculateDistanceIsTheWgs84Geodesic)
@@ -96,14 +97,12 @@ TEST(MapHostModule, KindWithoutTileModelFailsConversionsCleanly)
     module.SetTileModelKind(7);
     EXPECT_EQ(log.Messages(), Journal{"[CZoMapModule::SetTileModelKind] 获取TileModel为空, TileModel: 7"});
     int px = -5, py = -6;
-    EXPECT_FALSE(module.ConvertSceneToPixel(&px, &py, 10.0, 10.0));
-    EXPECT_EQ(QPoint(px, py), QPoint(-5, -6));
     double lon = 1.5, lat = 2.5;
-    module.ConvertPixelToScene(&lon, &lat, 100, 100);
-    EXPECT_EQ(QPointF(lon, lat), QPointF(1.5, 2.5));
     QPointF scene(3.0, 4.0);
-    EXPECT_FALSE(module.GeoToScenePoint(1.0, 1.0, &scene));
-    EXPECT_FALSE(module.ScenePointToGeo(scene, &lon, &lat));
+    EXPECT_FALSE(module.ConvertSceneToPixel(&px, &py, 10.0, 10.0) || module.GeoToScenePoint(1.0, 1.0, &scene) ||
+                 module.ScenePointToGeo(scene, &lon, &lat));
+    module.ConvertPixelToScene(&lon, &lat, 100, 100);
+    EXPECT_EQ(std::make_tuple(px, py, lon, lat), std::make_tuple(-5, -6, 1.5, 2.5));
     EXPECT_TRUE(module.GetWorldSceneRect().isEmpty());
     module.SetZoomAround(7.0, 20.0, 30.0, QPointF(50.0, 50.0));
     EXPECT_EQ(module.GetCurrentLodLevel(), 7);

@@ -3,80 +3,13 @@
 
 using Messages = std::vector<std::string>;
 
-namespace
-{
-using Creation = IZoGraphicsMapObject* (*)(CZoGraphicsModule& module, CZoGraphicsModule& other);
-
-// Creations that go wrong, and ones that only look wrong, with all they log.
-struct SCreation
-{
-    const char* what;
-    Creation create;
-    int registered; // objects the module holds then; the one made is on the default layer
-    Messages log;
-};
-
-const SCreation kCreations[] = {
-    {"empty name", [](auto& m, auto&) -> IZoGraphicsMapObject* { return m.CreateDotMapObject("", nullptr); }, 1},
-    {"a name in use", [](auto& m, auto&) -> IZoGraphicsMapObject* {
-         m.CreateDotMapObject("d", nullptr);
-         return m.CreateCircleMapObject("d", nullptr);
-     }, 2},
-    {"another module's layer", [](auto& m, auto& other) -> IZoGraphicsMapObject* {
-         return m.CreateDotMapObject("d", other.GetDeafultGraphicsLayer());
-     }, 0, {"[CZoGraphicsModule::CreateDotMapObject] 图层不属于本模块"}},
-    {"no layer and no default layer", [](auto& m, auto&) -> IZoGraphicsMapObject* {
-         m.DestroyGraphicsLayer(m.GetDeafultGraphicsLayer());
-         return m.CreateDotMapObject("d", nullptr);
-     }, 0, {"[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}},
-    {"uninitialised module", [](auto&, auto&) -> IZoGraphicsMapObject* {
-         CZoGraphicsModule fresh;
-         return fresh.CreateDotMapObject("d", nullptr);
-     }, 0, {"[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}},
-    // Initialise without a map succeeds, but makes no layer.
-    {"module without a map", [](auto&, auto&) -> IZoGraphicsMapObject* {
-         CZoGraphicsModule fresh;
-         EXPECT_TRUE(fresh.Initialise("no map", nullptr));
-         EXPECT_EQ(fresh.CreateGraphicsLayer("l"), nullptr);
-         return fresh.CreateDotMapObject("d", nullptr);
-     }, 0, {"[CZoGraphicsMapLayer::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
-                "[CZoGraphicsMapLayer::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
-                "[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}},
-};
-
 class Creators : public ModuleFixture
 {
 };
 
-TEST_F(Creators, RefuseWhatTheyCannotPlaceAndLogWhy)
-{
-    CZoGraphicsModule other;
-    ASSERT_TRUE(other.Initialise("other", &map));
-    for (const SCreation& row : kCreations)
-    {
-        CZoGraphicsModule target;
-        ASSERT_TRUE(target.Initialise("target", &map));
-        log.Clear();
-        IZoGraphicsMapObject* made = row.create(target, other);
-        EXPECT_EQ(made != nullptr, row.registered > 0) << row.what;
-        EXPECT_EQ(log.Messages(), row.log) << row.what;
-        EXPECT_EQ(target.GetRegisteredObjectCount(), row.registered) << row.what;
-        if (made)
-        {
-            EXPECT_EQ(target.LookupGraphicObject(made->GetObjectID()), made) << row.what;
-            EXPECT_TRUE(target.GetDeafultGraphicsLayer()->ContainsMapObject(made)) << row.what;
-        }
-        target.Unintialise();
-    }
-    // Edit gadgets are refused another module's layer alike.
-    log.Clear();
-    EXPECT_EQ(module.CreateTranslateEditObject(other.GetDeafultGraphicsLayer()), nullptr);
-    EXPECT_EQ(log.Messages(), Messages{"[CZoGraphicsModule::CreateTranslateEditObject] 图层不属于本模块"});
-    other.Unintialise();
-}
-
 // Each creator names itself in its failure, after the object's own text
-// where the object could not start.
+// where the object could not start: on a module never initialised, and on
+// one without a default layer.
 TEST_F(Creators, EveryKindLogsItsOwnCreatorsText)
 {
     struct SCreator
@@ -121,4 +54,18 @@ TEST_F(Creators, EveryKindLogsItsOwnCreatorsText)
     }
     EXPECT_EQ(module.GetRegisteredObjectCount(), 0);
 }
-} // namespace
+
+// Initialise without a map succeeds, but makes no layer and no object.
+TEST_F(Creators, AModuleWithoutAMapMakesNothingAndLogsWhy)
+{
+    CZoGraphicsModule fresh;
+    log.Clear();
+    EXPECT_TRUE(fresh.Initialise("no map", nullptr));
+    EXPECT_EQ(fresh.CreateGraphicsLayer("l"), nullptr);
+    EXPECT_EQ(fresh.CreateDotMapObject("d", nullptr), nullptr);
+    EXPECT_EQ(fresh.GetRegisteredObjectCount(), 0);
+    EXPECT_EQ(log.Messages(),
+              (Messages{"[CZoGraphicsMapLayer::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
+                        "[CZoGraphicsMapLayer::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateGraphicsLayer] 初始化失败",
+                        "[CZoTextMapObject::Initialise] MapModule传入为空", "[CZoGraphicsModule::CreateDotMapObject] 初始化失败"}));
+}
