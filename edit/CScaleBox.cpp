@@ -39,6 +39,9 @@ void CScaleBox::SetVisible(bool visible)
         return;
     m_visible = visible;
     SetDotsVisible(visible);
+    // The frame shows only while a drag lasts; hidden, the box shows nothing.
+    if (!visible)
+        Show(GetFrame(), false);
 }
 
 void CScaleBox::UpdateEditor(int kind)

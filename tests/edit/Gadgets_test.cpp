@@ -488,3 +488,20 @@ TEST_F(GadgetTest, TheAxisAngleGrowsThroughAFullTurnAndTurnsBackShort)
     EXPECT_FALSE(axis->GetGuide()->IsVisible());
     module.DestroyGraphicsEditObject(axis);
 }
+
+// Hidden in the middle of a drag, a gadget shows nothing, the axis's turning
+// guide included.
+TEST_F(GadgetTest, HiddenMidDragShowsNothing)
+{
+    for (const SGadgetKind& kind : kKinds)
+    {
+        IZoGraphicsEditObject* gadget = Make(module, kind);
+        const int id = kind.handle(gadget)->GetObjectID();
+        gadget->OnMousePress(&view, 0, 0, id);
+        gadget->OnMouseMove(&view, 50, -50, id);
+        gadget->SetVisible(false);
+        for (QGraphicsItem* item : map.Scene()->items())
+            EXPECT_FALSE(item->isVisible()) << kind.name;
+        module.DestroyGraphicsEditObject(gadget);
+    }
+}

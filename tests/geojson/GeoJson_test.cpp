@@ -153,14 +153,16 @@ TEST_F(GeoJson, BadFeaturesAreSkippedByIndexAndBadTextLoadsNothing)
       {"type":"Feature","properties":{},"geometry":{"type":"Point","coordinates":[1,2,"z"]}},
       {"type":"Feature","properties":{},"geometry":null},
       [1,2,3],
-      {"type":"Feature","properties":{"name":"ok too"},"geometry":{"type":"MultiPoint","coordinates":[[5,5]]}}
+      {"type":"Feature","properties":{"name":"ok too"},"geometry":{"type":"MultiPoint","coordinates":[[5,5]]}},
+      {"type":"Feature","properties":{},"geometry":{"type":"MultiLineString","coordinates":[[1,2]]}}
     ]})";
     const SZoGeoJsonLoadResult result = LoadGeoJson(&module, layer, json);
     EXPECT_EQ(result.objects.size(), 3u); // the feature without geometry too
-    EXPECT_EQ(result.skipped, 6);
+    EXPECT_EQ(result.skipped, 7);
     EXPECT_EQ(log.Messages(), (Messages{kAt + "0无效: 几何类型不支持", kAt + "2无效: 坐标缺失或非数值",
                                         kAt + "3无效: 坐标缺失或非数值", kAt + "4无效: 环少于3个点",
-                                        kAt + "5无效: 坐标缺失或非数值", kAt + "7无效: 不是Feature对象"}));
+                                        kAt + "5无效: 坐标缺失或非数值", kAt + "7无效: 不是Feature对象",
+                                        kAt + "9无效: 坐标缺失或非数值"}));
     log.Clear();
     const int count = layer->GetMapObjectCount();
     EXPECT_FALSE(LoadGeoJson(&module, layer, R"({"type":"FeatureCollection","features":[{"type":"Feature",]})").parsed);
