@@ -288,3 +288,19 @@ TEST(GeoJsonCoordinates, SignedExponentsAreReadAndTheTextsEndIsRespected)
     EXPECT_EQ(reader.Extract(open), open);
     EXPECT_EQ(reader.Extract(head + "[[1,2"), head + "[[1,2");
 }
+
+// A feature read without geometry stays without one only until it is given
+// dots; a host's own empty multi-dot is an empty MultiPoint.
+TEST_F(GeoJson, OnlyAFeatureReadWithoutGeometryAndStillEmptyIsWrittenWithoutOne)
+{
+    const SZoGeoJsonLoadResult read = LoadGeoJson(
+        &module, layer, R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{},"geometry":null}]})");
+    ASSERT_EQ(read.objects.size(), 1u);
+    auto* dots = dynamic_cast<IZoMultiDotMapObject*>(read.objects[0]);
+    ASSERT_NE(dots, nullptr);
+    EXPECT_TRUE(Features(WriteGeoJson({dots})).at(0).toObject().value("geometry").isNull());
+    dots->SetData({CVector3D(1.0, 2.0, 0.0)});
+    EXPECT_EQ(Geometry(Features(WriteGeoJson({dots})), 0).value("type").toString(), "MultiPoint");
+    IZoMultiDotMapObject* own = module.CreateMultiDotMapObject("own", layer);
+    EXPECT_EQ(Geometry(Features(WriteGeoJson({own})), 0).value("type").toString(), "MultiPoint");
+}
