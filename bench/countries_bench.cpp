@@ -18,7 +18,6 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
-#include <functional>
 
 namespace
 {
@@ -36,18 +35,7 @@ constexpr SView kViews[] = {{2.0, 0.0, 20.0}, {5.0, 15.0, 50.0}};
 
 QRectF FrameAround(CZoMapModule& map, const SView& view)
 {
-    int cx = 0;
-    int cy = 0;
-    map.ConvertSceneToPixel(&cx, &cy, view.lon, view.lat);
-    return QRectF(cx - kFrameWidth / 2.0, cy - kFrameHeight / 2.0, kFrameWidth, kFrameHeight);
-}
-
-void Frame(QImage& image, const std::function<void(QPainter&)>& draw)
-{
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    draw(painter);
+    return ZoBench::FrameAround(map, view.lon, view.lat, QSize(kFrameWidth, kFrameHeight));
 }
 
 void BM_CountriesFrame(benchmark::State& state)
@@ -62,9 +50,9 @@ void BM_CountriesFrame(benchmark::State& state)
     const QRectF source = FrameAround(map, view);
     QImage image(kFrameWidth, kFrameHeight, QImage::Format_ARGB32_Premultiplied);
     // The first frame builds what later frames reuse.
-    Frame(image, [&](QPainter& p) { map.GetScene()->render(&p, QRectF(image.rect()), source); });
+    ZoBench::RenderFrame(map.GetScene(), source, image);
     for (auto _ : state)
-        Frame(image, [&](QPainter& p) { map.GetScene()->render(&p, QRectF(image.rect()), source); });
+        ZoBench::RenderFrame(map.GetScene(), source, image);
     graphics.Unintialise();
 }
 BENCHMARK(BM_CountriesFrame)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
@@ -103,12 +91,15 @@ void BM_Floor_CountriesFrame(benchmark::State& state)
     }
     QImage image(kFrameWidth, kFrameHeight, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state)
-        Frame(image, [&](QPainter& p) {
-            p.setPen(QPen(Qt::darkGray, 1.0));
-            p.setBrush(QColor(200, 120, 60, 110));
-            for (const QPolygonF& polygon : rings)
-                p.drawPolygon(polygon, Qt::OddEvenFill);
-        });
+    {
+        image.fill(Qt::white);
+        QPainter p(&image);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(Qt::darkGray, 1.0));
+        p.setBrush(QColor(200, 120, 60, 110));
+        for (const QPolygonF& polygon : rings)
+            p.drawPolygon(polygon, Qt::OddEvenFill);
+    }
     state.counters["rings"] = static_cast<double>(rings.size());
 }
 BENCHMARK(BM_Floor_CountriesFrame)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);

@@ -1,4 +1,5 @@
 #include "object/ZoLabelLook.h"
+#include "support/BenchData.h"
 #include "support/BenchRatios.h"
 #include "support/BenchStatistics.h"
 #include "support/HeapCounter.h"
@@ -43,20 +44,8 @@ std::vector<QPointF> Points(int count, bool inView)
 std::string DotName(int i) { return "dot-" + std::to_string(i); }
 
 // The frame of the view around the centre, in scene units.
-QRectF FrameSource(CZoMapModule& map)
-{
-    QPointF centre;
-    map.GeoToScenePoint(kCentreLon, kCentreLat, &centre);
-    return QRectF(centre - QPointF(kFrame.width() / 2.0, kFrame.height() / 2.0), QSizeF(kFrame));
-}
-
-void RenderFrame(QGraphicsScene* scene, const QRectF& source, QImage& image)
-{
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    scene->render(&painter, QRectF(image.rect()), source);
-}
+QRectF FrameSource(CZoMapModule& map) { return ZoBench::FrameAround(map, kCentreLon, kCentreLat, kFrame); }
+using ZoBench::RenderFrame;
 
 // --- the plain Qt floors -------------------------------------------------------
 

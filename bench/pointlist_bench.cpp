@@ -206,14 +206,6 @@ const QByteArray& CountriesJson()
     return json;
 }
 
-void RenderScene(QGraphicsScene* scene, QImage& image, const QRectF& source)
-{
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    scene->render(&painter, QRectF(image.rect()), source);
-}
-
 // All countries loaded from GeoJSON as multi-polygons onto a layer of a
 // world map at zoom 2, then, with frame set, the first frame of the world.
 void LoadCountries(benchmark::State& state, bool frame)
@@ -230,7 +222,7 @@ void LoadCountries(benchmark::State& state, bool frame)
     {
         loaded = ZoGeoJsonNS::LoadGeoJson(&graphics, layer, CountriesJson()).objects.size();
         if (frame)
-            RenderScene(map.GetScene(), image, world);
+            ZoBench::RenderFrame(map.GetScene(), world, image);
         state.PauseTiming();
         layer->DestroyAllMapObjects();
         state.ResumeTiming();

@@ -1,3 +1,4 @@
+#include "support/BenchData.h"
 #include "support/BenchRatios.h"
 #include "support/BenchStatistics.h"
 #include "support/HeapCounter.h"
@@ -49,20 +50,7 @@ std::vector<QPointF> Fixes(int count, int which)
 
 QString TrackName(int i) { return QStringLiteral("TRK%1").arg(i); }
 
-QRectF TrackSource(CZoMapModule& map)
-{
-    QPointF centre;
-    map.GeoToScenePoint(kTrackLon, kTrackLat, &centre);
-    return QRectF(centre - QPointF(kTrackFrame.width() / 2.0, kTrackFrame.height() / 2.0), QSizeF(kTrackFrame));
-}
-
-void RenderTrackFrame(QGraphicsScene* scene, const QRectF& source, QImage& image)
-{
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    scene->render(&painter, QRectF(image.rect()), source);
-}
+QRectF TrackSource(CZoMapModule& map) { return ZoBench::FrameAround(map, kTrackLon, kTrackLat, kTrackFrame); }
 
 // --- the floor -----------------------------------------------------------------
 
@@ -101,7 +89,7 @@ public:
     void Frame(QImage& image)
     {
         const QRectF source = TrackSource(m_map);
-        RenderTrackFrame(m_map.GetScene(), source, image);
+        ZoBench::RenderFrame(m_map.GetScene(), source, image);
         QPainter painter(&image);
         painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
         painter.setPen(Qt::black);
@@ -220,7 +208,7 @@ public:
         for (size_t i = 0; i < m_dots.size(); ++i)
             m_dots[i]->SetPosition(CVector3D(fixes[i].x(), fixes[i].y(), 0.0));
     }
-    void Frame(QImage& image) { RenderTrackFrame(m_map.GetScene(), TrackSource(m_map), image); }
+    void Frame(QImage& image) { ZoBench::RenderFrame(m_map.GetScene(), TrackSource(m_map), image); }
     void Destroy()
     {
         m_layer->DestroyAllMapObjects();

@@ -1,6 +1,11 @@
 #include "support/BenchData.h"
 
+#include <ZoGraphics/CZoMapModule.h>
+
 #include <QFile>
+#include <QGraphicsScene>
+#include <QImage>
+#include <QPainter>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -30,6 +35,21 @@ void AppendPolygon(const QJsonArray& polygon, std::vector<Path>& rings)
         AppendRing(ring.toArray(), rings);
 }
 } // namespace
+
+QRectF FrameAround(CZoMapModule& map, double lon, double lat, const QSize& size)
+{
+    QPointF centre;
+    map.GeoToScenePoint(lon, lat, &centre);
+    return QRectF(centre - QPointF(size.width() / 2.0, size.height() / 2.0), QSizeF(size));
+}
+
+void RenderFrame(QGraphicsScene* scene, const QRectF& source, QImage& image)
+{
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    scene->render(&painter, QRectF(image.rect()), source);
+}
 
 QString SourceDataFile(const char* name) { return QStringLiteral(ZO_SOURCE_DATA_DIR "/") + QString::fromUtf8(name); }
 

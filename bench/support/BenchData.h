@@ -3,15 +3,29 @@
 #include <ZoGraphics/ZoCoreTypes.h>
 
 #include <QPolygonF>
+#include <QRectF>
+#include <QSize>
 #include <QString>
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+class CZoMapModule;
+class QGraphicsScene;
+class QImage;
+
 namespace ZoBench
 {
 using Path = std::vector<CVector3D>;
+
+// The frame of a view of the given size centred on (lon, lat), in the map's
+// scene units.
+QRectF FrameAround(CZoMapModule& map, double lon, double lat, const QSize& size);
+
+// The source rectangle of the scene drawn into the whole image, on white and
+// antialiased, as a host's view draws a frame.
+void RenderFrame(QGraphicsScene* scene, const QRectF& source, QImage& image);
 
 // Path of a file in the repository's data/ folder.
 QString SourceDataFile(const char* name);
