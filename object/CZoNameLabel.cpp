@@ -5,6 +5,7 @@
 #include "object/ZoTextPath.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
+#include <ZoGraphics/IZoGraphicsMapObject.h>
 #include <ZoGraphics/ZoCoreUtility.h>
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
@@ -266,16 +267,16 @@ void CZoNameLabel::DrawOutlines(QPainter* painter, const QRectF& visible) const
 bool ZoSurfaceLabelAnchor(unsigned int position, unsigned int alignment, double w, double h, QPointF* anchor,
                           EZoLabelPlacement* placement)
 {
-    if (position > 4 || alignment > 2)
+    if (position > E_LABEL_CENTRE || alignment > E_LABEL_ALIGN_END)
         return false;
-    if (position == 4)
+    if (position == E_LABEL_CENTRE)
     {
         *anchor = QPointF(0.0, 0.0);
         *placement = EZoLabelPlacement::Centred;
         return true;
     }
     // Along a side, alignment runs from its start (left or top end) to its end.
-    const double along = (static_cast<double>(alignment) - 1.0) * 0.5;
+    const double along = (static_cast<double>(alignment) - E_LABEL_ALIGN_MIDDLE) * 0.5;
     static const EZoLabelPlacement kPlacements[4][3] = {
         {EZoLabelPlacement::AboveStart, EZoLabelPlacement::AboveCentred, EZoLabelPlacement::AboveEnd},
         {EZoLabelPlacement::BelowStart, EZoLabelPlacement::BelowCentred, EZoLabelPlacement::BelowEnd},
@@ -284,9 +285,9 @@ bool ZoSurfaceLabelAnchor(unsigned int position, unsigned int alignment, double 
     };
     switch (position)
     {
-    case 0: *anchor = QPointF(along * w, -h / 2); break;
-    case 1: *anchor = QPointF(along * w, h / 2); break;
-    case 2: *anchor = QPointF(-w / 2, along * h); break;
+    case E_LABEL_TOP: *anchor = QPointF(along * w, -h / 2); break;
+    case E_LABEL_BOTTOM: *anchor = QPointF(along * w, h / 2); break;
+    case E_LABEL_LEFT: *anchor = QPointF(-w / 2, along * h); break;
     default: *anchor = QPointF(w / 2, along * h); break;
     }
     *placement = kPlacements[position][alignment];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZoGraphics/IZoGraphicsMapObject.h>
 #include "object/CZoMapObjectCore.h"
 #include "object/TZoGraphicsItem.h"
 #include "object/ZoAnchoredShape.h"
@@ -113,7 +114,7 @@ private:
     {
         if (!(s > 0.0))
             return;
-        const unsigned int alignment = m_traits.labelFollowsAlignment ? this->m_owner->GetLabelAlignment() : 1;
+        const unsigned int alignment = m_traits.labelFollowsAlignment ? this->m_owner->GetLabelAlignment() : E_LABEL_ALIGN_MIDDLE;
         ZoPlaceSurfaceLabel(label, this->m_owner->GetGraphicsMapLayer(), lod, this->m_owner->GetLabelPosition(),
                             alignment, outline.width() / s, outline.height() / s);
     }

@@ -6,6 +6,7 @@
 #include "object/ZoLogText.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
+#include <ZoGraphics/IZoGraphicsMapObject.h>
 #include <ZoGraphics/IZoMapModule.h>
 
 #include <cmath>
@@ -91,7 +92,7 @@ void ZoPlaceSurfaceLabel(CZoNameLabel& label, const IZoGraphicsMapLayer* layer, 
     EZoLabelPlacement placement;
     if (!ZoSurfaceLabelAnchor(position, alignment, w, h, &anchor, &placement))
         return;
-    if (position == 4)
+    if (position == E_LABEL_CENTRE)
     {
         label.clipRect = QRectF(-w / 2, -h / 2, w, h);
         label.clipToRect = layer && layer->IsSecondShapeCache();

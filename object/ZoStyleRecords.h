@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ZoGraphics/IZoGraphicsMapObject.h>
+
 #include <QBrush>
 #include <QColor>
 #include <QPen>
@@ -15,8 +17,8 @@ struct SurfaceStyle
 {
     SurfaceStyle();
 
-    std::uint32_t labelPosition = 1;  // 0 top, 1 bottom, 2 left, 3 right, 4 centre
-    std::uint32_t labelAlignment = 1; // 0 start, 1 middle, 2 end
+    std::uint32_t labelPosition = E_LABEL_BOTTOM;
+    std::uint32_t labelAlignment = E_LABEL_ALIGN_MIDDLE;
     std::uint32_t penStyle = 1;       // Qt::PenStyle
     float penWidth = 1.0f;            // 0 draws no outline
     QColor penColor;
@@ -41,7 +43,7 @@ struct LineStyle
 {
     LineStyle();
 
-    std::uint32_t labelPosition = 0; // 0 first, 1 middle, 2 last segment
+    std::uint32_t labelPosition = E_LABEL_FIRST_SEGMENT;
     std::uint32_t penStyle = 1;
     float penWidth = 1.0f;
     QColor penColor;

@@ -135,7 +135,7 @@ void AddRectangles(CZoGraphicsModule& graphics, IZoGraphicsMapLayer* layer)
 {
     if (IZoRectangleMapObject* korea = graphics.CreateRectangleMapObject("Korea", layer))
     {
-        korea->SetLabelAlignment(0); // the right side's top end
+        korea->SetLabelAlignment(E_LABEL_ALIGN_START); // the right side's top end
         Outline(korea, EXTENT{124.0, 33.0, 131.0, 43.0}, QColor(40, 120, 40), QColor(90, 200, 90, 60), 3);
     }
     const QPixmap picture = DemoPicture();
@@ -215,7 +215,7 @@ int AddCapitalDots(IZoGraphicsModule& graphics, const QString& dataDir)
         dot->SetPenWidth(1.5f);
         dot->SetPenColor(QColor(120, 30, 20));
         dot->SetBrushColor(QColor(230, 90, 40, 220));
-        dot->SetLabelPosition(3);
+        dot->SetLabelPosition(E_LABEL_RIGHT);
         dot->SetNameOffset(3.0f);
         dot->SetNameColor(QColor(90, 20, 10));
         dot->SetNameOutlineColor(Qt::white);

@@ -67,8 +67,8 @@ void AddCapitalPins(CZoGraphicsModule& graphics, const QString& dataDir)
         pin->SetNameOutlineColor(Qt::white);
         pin->SetNameOffset(2.0f);
         pin->SetNameVisible(true);
-        pin->SetLabelPosition(0); // above the pin: the capital's dot names itself on the right
-        pin->SetLabelAlignment(1);
+        pin->SetLabelPosition(E_LABEL_TOP); // above the pin: the capital's dot names itself on the right
+        pin->SetLabelAlignment(E_LABEL_ALIGN_MIDDLE);
         pin->SetInteractive(true);
     }
 }

@@ -105,7 +105,7 @@ void AddRoute(IZoGraphicsModule& graphics)
         route->SetArrowVisible(last);
         route->SetNameColor(QColor(150, 20, 40));
         route->SetNameOutlineColor(Qt::white);
-        route->SetLabelPosition(1);
+        route->SetLabelPosition(E_LABEL_MIDDLE_SEGMENT);
         route->SetNameVisible(true);
         route->SetInteractive(true);
         route->SetProperty("name_en", "Beijing - New York");

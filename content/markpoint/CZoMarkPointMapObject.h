@@ -56,8 +56,8 @@ private:
     double m_iconHeight = 0.0;
     CVector3D m_position;
     CVector3D m_iconAnchor;
-    unsigned int m_labelPosition = 0;
-    unsigned int m_labelAlignment = 1;
+    unsigned int m_labelPosition = E_LABEL_TOP;
+    unsigned int m_labelAlignment = E_LABEL_ALIGN_MIDDLE;
     QPixmap m_icon;
     QImage m_iconImage;
     std::string m_iconFile;

@@ -13,6 +13,35 @@ class CTileModel;
 class CSpatialReference;
 class IZoGraphicsMapLayer;
 
+/// Values of `SetLabelPosition` for the surface shapes, the dot and the map
+/// pin: the side of the shape or icon on which the name label stands.
+enum EZoLabelSide : unsigned int
+{
+    E_LABEL_TOP = 0,
+    E_LABEL_BOTTOM = 1,
+    E_LABEL_LEFT = 2,
+    E_LABEL_RIGHT = 3,
+    E_LABEL_CENTRE = 4,
+};
+
+/// Values of `SetLabelAlignment`: where along its side the label stands, from
+/// the side's start (its left or top end) to its end.
+enum EZoLabelAlignment : unsigned int
+{
+    E_LABEL_ALIGN_START = 0,
+    E_LABEL_ALIGN_MIDDLE = 1,
+    E_LABEL_ALIGN_END = 2,
+};
+
+/// Values of `SetLabelPosition` for the line shapes: the segment at whose
+/// middle the name label stands.
+enum EZoLabelSegment : unsigned int
+{
+    E_LABEL_FIRST_SEGMENT = 0,
+    E_LABEL_MIDDLE_SEGMENT = 1,
+    E_LABEL_LAST_SEGMENT = 2,
+};
+
 /// What every graphic map object shares (slots 0 to 58): name and name
 /// label, levels of detail and visibility, stacking, input, host properties,
 /// its Qt item in the host's scene, and painting on a foreign canvas.

@@ -65,9 +65,9 @@ void CDotItemQtImpl::PlaceLabel(CZoNameLabel& label, int lod) const
     QPointF anchor;
     EZoLabelPlacement placement;
     // A dot has no sides worth aligning to: always the middle of each side.
-    if (!ZoSurfaceLabelAnchor(position, 1, 2 * r, 2 * r, &anchor, &placement))
+    if (!ZoSurfaceLabelAnchor(position, E_LABEL_ALIGN_MIDDLE, 2 * r, 2 * r, &anchor, &placement))
         return;
-    if (position == 4)
+    if (position == E_LABEL_CENTRE)
     {
         label.clipRect = QRectF(-r, -r, 2 * r, 2 * r);
         label.clipToRect = layer && layer->IsSecondShapeCache();

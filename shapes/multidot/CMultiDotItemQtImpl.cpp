@@ -69,7 +69,7 @@ void CMultiDotItemQtImpl::PlaceLabel(CZoNameLabel& label, const QRectF& dots, do
         return;
     QPointF anchor;
     EZoLabelPlacement placement;
-    if (!ZoSurfaceLabelAnchor(m_owner->GetLabelPosition(), 1, dots.width() / s, dots.height() / s, &anchor, &placement))
+    if (!ZoSurfaceLabelAnchor(m_owner->GetLabelPosition(), E_LABEL_ALIGN_MIDDLE, dots.width() / s, dots.height() / s, &anchor, &placement))
         return;
     anchor += dots.center() / s;
     label.clipToRect = false;

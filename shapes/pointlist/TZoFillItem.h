@@ -102,7 +102,7 @@ private:
         style.ApplyToPainter(painter, s);
         painter->drawPath(path);
         painter->restore();
-        if (style.labelPosition != 4)
+        if (style.labelPosition != E_LABEL_CENTRE)
             return;
         CZoNameLabel label = this->m_owner->Core().Label();
         PlaceLabel(label, rings, s, lod);

@@ -154,13 +154,13 @@ private:
         int first = 0;
         switch (this->m_owner->GetLabelPosition())
         {
-        case 0:
+        case E_LABEL_FIRST_SEGMENT:
             first = 0;
             break;
-        case 1:
+        case E_LABEL_MIDDLE_SEGMENT:
             first = std::max(0, static_cast<int>(count * 0.5) - 1);
             break;
-        case 2:
+        case E_LABEL_LAST_SEGMENT:
             first = count - 2;
             break;
         default:
