@@ -48,21 +48,15 @@ private:
     std::thread m_writer;
 };
 
-QByteArray Encoded(const char* format)
+// A valid small PNG or JPEG whose header claims side x side pixels: the
+// PNG's image header (its checksum fixed), the JPEG's frame header.
+QByteArray Claiming(const char* format, quint16 side)
 {
     QImage image(7, 5, QImage::Format_RGB32);
     image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     image.save(&buffer, format);
-    return bytes;
-}
-
-// A valid small PNG or JPEG whose header claims side x side pixels: the
-// PNG's image header (its checksum fixed), the JPEG's frame header.
-QByteArray Claiming(const char* format, quint16 side)
-{
-    QByteArray bytes = Encoded(format);
     const bool png = qstrcmp(format, "PNG") == 0;
     const int header = png ? bytes.indexOf("IHDR") + 4 : bytes.indexOf("\xFF\xC0") + 5, step = png ? 4 : 2;
     for (int i = 0; i < 2; ++i)

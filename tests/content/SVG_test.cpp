@@ -1,4 +1,4 @@
-#include "support/ImageCompare.h"
+#include "content/OnCanvas.h"
 #include "support/KindFixture.h"
 #include "support/ScratchFiles.h"
 #include "content/svg/CZoSVGMapObject.h"
@@ -39,13 +39,10 @@ protected:
 TEST_F(SVG, LoadingCentresThePictureAndSpansTwiceItsSizeOnce)
 {
     ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D(10.0, 5.0, 0.0)));
-    EXPECT_EQ(object->GetSVGFile(), picture);
-    EXPECT_EQ(Item()->pos(), QPointF(100.0, -50.0));
-    EXPECT_EQ(Item()->sceneBoundingRect(), QRectF(80.0, -60.0, 40.0, 20.0));
+    EXPECT_EQ(std::pair(Item()->pos(), Item()->sceneBoundingRect()), std::pair(QPointF(100.0, -50.0), QRectF(80.0, -60.0, 40.0, 20.0)));
     // A whole width and height from the centre on each side.
-    EXPECT_EQ(object->GetGeoExtent(), (EXTENT{6.0, 3.0, 14.0, 7.0}));
-    EXPECT_EQ(object->GetCenter(), CVector3D(10.0, 5.0, 0.0));
-    EXPECT_EQ(object->CalculateGeoExtent(), (EXTENT{8.0, 4.0, 12.0, 6.0}));
+    EXPECT_EQ(std::tuple(object->GetGeoExtent(), object->GetCenter(), object->CalculateGeoExtent()),
+              std::tuple(EXTENT{6.0, 3.0, 14.0, 7.0}, CVector3D(10.0, 5.0, 0.0), EXTENT{8.0, 4.0, 12.0, 6.0}));
     EXPECT_EQ(std::make_pair(object->GetWidth(), object->GetHeight()), std::make_pair(8.0, 4.0));
     EXPECT_TRUE(log.Messages().empty());
     // The same path is not loaded again and keeps the placement.
@@ -53,9 +50,7 @@ TEST_F(SVG, LoadingCentresThePictureAndSpansTwiceItsSizeOnce)
     object->Rotate(30.0);
     const QTransform transform = Item()->transform();
     EXPECT_TRUE(object->LoadSVGFile(picture, CVector3D(-50.0, -5.0, 0.0)));
-    EXPECT_EQ(Item()->pos(), QPointF(100.0, -50.0));
-    EXPECT_EQ(Item()->transform(), transform);
-    EXPECT_EQ(object->GetRotation(), 30.0);
+    EXPECT_EQ(std::tuple(Item()->pos(), Item()->transform(), object->GetRotation()), std::tuple(QPointF(100.0, -50.0), transform, 30.0));
     EXPECT_EQ(log.Messages(), (Messages{"[CZoSVGMapObject::LoadSVGFile] 传入路径相等，不重复加载"}));
 }
 
@@ -95,8 +90,7 @@ TEST_F(SVG, ConvertToImageRastersTheItemsPictureAndCapsHugeOnes)
 {
     ASSERT_TRUE(object->LoadSVGFile(picture, CVector3D()));
     const QImage image = object->ConvertToImage();
-    ASSERT_EQ(image.size(), QSize(40, 20));
-    EXPECT_EQ(image.format(), QImage::Format_ARGB32);
+    ASSERT_EQ(std::pair(image.size(), image.format()), std::pair(QSize(40, 20), QImage::Format_ARGB32));
     EXPECT_EQ(image.pixelColor(5, 10).name() + image.pixelColor(35, 10).name(), QStringLiteral("#1e5ac8#f08c00"));
     ASSERT_TRUE(object->LoadSVGFile(files.Write(QStringLiteral("huge.svg"), kHuge), CVector3D()));
     log.Clear();
@@ -124,18 +118,10 @@ TEST_F(SVG, PaintsCentredAndCanvasPaintingMatches)
     EXPECT_EQ(CompareWithReference(scene, QStringLiteral("svg_rotated"), 16, 8), QString());
     layer->SetAutoAdd(false);
     IZoSVGMapObject* itemless = module.CreateSVGMapObject("itemless", layer);
-    QImage canvas = BlankCanvas(256, 256);
-    painter.begin(&canvas);
-    painter.translate(-98, -98); // level 0: (0, 0) is (128, 128), brought to (30, 30)
-    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    itemless->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr); // nothing loaded
-    painter.end();
-    EXPECT_EQ(CompareWithReference(canvas.copy(0, 0, 60, 60), QStringLiteral("svg_rotated"), 16, 8), QString());
+    // Level 0: (0, 0) is (128, 128), brought to (30, 30).
+    EXPECT_EQ(CompareWithReference(OnCanvas(object, 0, QRect(98, 98, 60, 60)), QStringLiteral("svg_rotated"), 16, 8), QString());
+    EXPECT_EQ(OnCanvas(itemless, 0, QRect(98, 98, 60, 60)), BlankCanvas(60, 60)); // nothing loaded
     // A picture without size draws nothing, whatever it holds.
     ASSERT_TRUE(object->LoadSVGFile(files.Write(QStringLiteral("sizeless.svg"), kSizeless), CVector3D()));
-    canvas = BlankCanvas(256, 256);
-    painter.begin(&canvas);
-    object->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_EQ(canvas, BlankCanvas(256, 256));
+    EXPECT_EQ(OnCanvas(object, 0, QRect(0, 0, 256, 256)), BlankCanvas(256, 256));
 }

@@ -21,12 +21,10 @@ TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
     second.resize(300, 30);
     third.resize(120, 60);
     object->SetWidget(&first);
-    EXPECT_EQ(Size(), QSize(200, 100));
-    EXPECT_EQ(Item()->geometry().size(), QSizeF(200, 100));
+    EXPECT_EQ(std::pair(Size(), Item()->geometry().size()), std::pair(QSize(200, 100), QSizeF(200, 100)));
     object->SetSize(50, 50);
     object->SetWidget(&second);
-    EXPECT_EQ(Size(), QSize(50, 50));
-    EXPECT_EQ(Item()->widget()->findChild<QWidget*>(), &second);
+    EXPECT_EQ(std::pair(Size(), Item()->widget()->findChild<QWidget*>()), std::pair(QSize(50, 50), &second));
     // Half a size is no size: the widget's fills it.
     object->SetSize(0, 40);
     object->SetWidget(&third);
@@ -34,8 +32,7 @@ TEST_F(Widget, SizeComesFromTheWidgetUnlessSetInFull)
     object->SetWidget(nullptr);
     EXPECT_EQ(Item()->widget()->findChild<QWidget*>(), nullptr);
     // Widgets that were replaced are handed back as they came.
-    EXPECT_TRUE(third.parentWidget() == nullptr && !third.isVisible());
-    EXPECT_EQ(object->GetWidth(), 120);
+    EXPECT_EQ(std::tuple(third.parentWidget(), third.isVisible(), object->GetWidth()), std::tuple(nullptr, false, 120));
 }
 
 TEST_F(Widget, PressAndWheelAreGrabbedAndStillReachTheWidget)
@@ -59,9 +56,8 @@ TEST_F(Widget, PressAndWheelAreGrabbedAndStillReachTheWidget)
     map.Scene()->sendEvent(Item(), &wheel);
     for (const char* recorded : {"Scene_MousePress", "Scene_MouseRelease", "Scene_WheelPress"})
         EXPECT_EQ(Property(recorded).toList(), QVariantList{object->GetObjectID()}) << recorded;
-    EXPECT_EQ(Property("Scene_MousePressGrab"), QVariant(true));
-    EXPECT_EQ(Property("Scene_WheelPressGrab"), QVariant(true));
-    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(std::tuple(Property("Scene_MousePressGrab"), Property("Scene_WheelPressGrab"), clicked.count()),
+              std::tuple(QVariant(true), QVariant(true), 1));
 }
 
 TEST_F(Widget, TheCallersWidgetOutlivesTheObjectAndMayGoFirst)

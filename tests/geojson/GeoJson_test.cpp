@@ -57,8 +57,6 @@ protected:
     IZoGraphicsMapLayer* layer = nullptr;
 };
 
-// A ring that encloses nothing goes alone; the country keeps the rest, and a
-// hole stays a hole.
 TEST_F(GeoJson, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
 {
     const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("degenerate_rings.geojson"));
@@ -79,10 +77,6 @@ TEST_F(GeoJson, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
     EXPECT_EQ(GeometryOf(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[1])),
               (Rings{{{-180, -80, 0}, {180, -80, 0}, {180, -70, 0}}}));
     EXPECT_EQ(dynamic_cast<IZoMultiPolygonMapObject*>(result.objects[2])->GetPolygonNumber(), 1);
-    // Written back as two polygons, the first with its hole.
-    const QJsonObject geometry = Geometry(Features(WriteGeoJson({italy})), 0);
-    EXPECT_EQ(geometry.value("type").toString(), "MultiPolygon");
-    EXPECT_EQ(geometry.value("coordinates").toArray().at(0).toArray().size(), 2);
 }
 
 // What was read comes back: "id", "bbox", a "name" that is no string,
@@ -90,8 +84,7 @@ TEST_F(GeoJson, ADegenerateRingIsDroppedAloneAndTheFeatureKept)
 TEST_F(GeoJson, WritingGivesBackWhatWasReadWithRightHandRings)
 {
     const SZoGeoJsonLoadResult result = LoadGeoJsonFile(&module, layer, DataFile("round_trip.geojson"));
-    EXPECT_EQ(result.skipped, 0);
-    EXPECT_TRUE(log.Messages().empty());
+    EXPECT_EQ(std::tuple(result.skipped, log.Messages()), std::tuple(0, Messages{}));
     const QByteArray written = WriteGeoJsonLayer(layer);
     EXPECT_EQ(Features(written), Features(R"({"features":[
  {"type":"Feature","id":"ITA","bbox":[0,0,4,4],"properties":{"name":42,"iso":"IT"},"geometry":{"type":"Polygon",
@@ -104,18 +97,15 @@ TEST_F(GeoJson, WritingGivesBackWhatWasReadWithRightHandRings)
     EXPECT_EQ(WriteGeoJsonLayer(again), written);
 }
 
-// Each geometry type becomes its kind, and written back (with objects made
-// by hand) reads again as the same geometry, names and properties.
-TEST_F(GeoJson, EachGeometryTypeBecomesItsKindAndReadsBackAsWritten)
+TEST_F(GeoJson, EachGeometryTypeBecomesItsKind)
 {
     const SZoGeoJsonLoadResult first = LoadGeoJson(&module, layer, kMixed);
     ASSERT_EQ(first.objects.size(), 6u);
-    EXPECT_EQ(first.skipped, 0);
-    EXPECT_TRUE(log.Messages().empty());
+    EXPECT_EQ(std::tuple(first.skipped, log.Messages()), std::tuple(0, Messages{}));
     EXPECT_EQ(module.LookupDotMapObject("Beijing")->GetPosition(), CVector3D(116.4, 39.9, 0));
     EXPECT_EQ(module.LookupMultiDotMapObject("capitals")->At(1), CVector3D(3, 4, 5));
-    EXPECT_EQ(module.LookupPolylineMapObject("route")->GetPointNumber(), 3);
-    EXPECT_EQ(module.LookupMultiLineMapObject("rivers")->GetLineNumber(), 2);
+    EXPECT_EQ(std::tuple(module.LookupPolylineMapObject("route")->GetPointNumber(), module.LookupMultiLineMapObject("rivers")->GetLineNumber()),
+              std::tuple(3, 2));
     IZoMultiPolygonMapObject* frame = module.LookupMultiPolygonMapObject("frame");
     ASSERT_NE(frame, nullptr);
     EXPECT_EQ(frame->GetPointNumber(0), 4); // the closing position is the object's business
@@ -123,22 +113,12 @@ TEST_F(GeoJson, EachGeometryTypeBecomesItsKindAndReadsBackAsWritten)
     EXPECT_EQ(module.LookupMultiPolygonMapObject("islands")->GetPolygonNumber(), 3);
     EXPECT_TRUE(!frame->GetQtItem()->contains(QPointF(40, -40)) && frame->GetQtItem()->contains(QPointF(10, -10)));
     EXPECT_FALSE(module.LookupMultiDotMapObject("capitals")->GetQtItem()->shape().isEmpty()); // laid out at once
-    std::vector<IZoGraphicsMapObject*> objects = first.objects;
+    // A polygon made by hand is written as one; nulls are passed over.
     auto* polygon = module.CreatePolygonMapObject("p", layer);
     polygon->SetData({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
-    objects.insert(objects.end(), {polygon, nullptr});
-    const QByteArray written = WriteGeoJson(objects);
-    IZoGraphicsMapLayer* again = module.CreateGraphicsLayer("again");
-    const SZoGeoJsonLoadResult second = LoadGeoJson(&module, again, written);
-    ASSERT_EQ(second.objects.size(), 7u);
-    for (std::size_t i = 0; i < first.objects.size(); ++i)
-        EXPECT_TRUE(GeometryOf(second.objects[i]) == GeometryOf(first.objects[i]) &&
-                    second.objects[i]->GetName() == first.objects[i]->GetName() &&
-                    typeid(*second.objects[i]) == typeid(*first.objects[i])) << i;
-    EXPECT_EQ(GeometryOf(second.objects[6]), Rings{polygon->GetData()});
-    EXPECT_EQ(second.objects[0]->GetProperty("pop"), QVariant(21.5));
-    // A whole layer writes the same, in creation order.
-    EXPECT_EQ(WriteGeoJsonLayer(again), written);
+    const SZoGeoJsonLoadResult back = LoadGeoJson(&module, nullptr, WriteGeoJson({polygon, nullptr}));
+    ASSERT_EQ(back.objects.size(), 1u);
+    EXPECT_EQ(GeometryOf(back.objects[0]), Rings{polygon->GetData()});
     EXPECT_EQ(WriteGeoJsonLayer(nullptr), WriteGeoJson({}));
 }
 
@@ -231,9 +211,8 @@ TEST_F(GeoJson, NumbersReadAsQtReadsThemInEverySpelling)
     }
 }
 
-// Only a feature geometry's coordinates are read past QJsonDocument; arrays
-// elsewhere, coordinates that are not plain numbers, and text that breaks
-// inside coordinates behave exactly as when QJsonDocument reads it all.
+// Arrays elsewhere, coordinates that are not plain numbers, and text that
+// breaks inside coordinates behave exactly as when QJsonDocument reads it all.
 TEST_F(GeoJson, OnlyPlainGeometryCoordinatesAreReadDirectly)
 {
     const QByteArray json = R"({"type":"FeatureCollection","coordinates":[9,9],"features":[

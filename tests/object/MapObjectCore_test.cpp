@@ -49,8 +49,8 @@ TYPED_TEST(MapObjectCore, NameVisibilityFollowsLabelAndLayerNameRanges)
 {
     auto* o = this->object;
     // Names show in red on a black halo unless the host says otherwise.
-    EXPECT_EQ(std::pair(o->GetNameColor(), o->GetNameOutlineColor()), std::pair(QColor(Qt::red), QColor(Qt::black)));
-    EXPECT_EQ(o->GetNameFont().family(), QString::fromUtf8("微软雅黑"));
+    EXPECT_EQ(std::tuple(o->GetNameColor(), o->GetNameOutlineColor(), o->GetNameFont().family()),
+              std::tuple(QColor(Qt::red), QColor(Qt::black), QString::fromUtf8("微软雅黑")));
     EXPECT_FALSE(o->IsNameVisible());
     o->SetNameVisible(true);
     EXPECT_TRUE(o->IsNameVisible());
@@ -77,14 +77,12 @@ TYPED_TEST(MapObjectCore, InteractionAndDirtyReapplyStoredStateToTheTaggedItem)
     for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton, Qt::ExtraButton1})
         EXPECT_TRUE(item->acceptedMouseButtons().testFlag(button)) << button;
     o->SetInteractive(false);
-    EXPECT_FALSE(item->isEnabled() || item->acceptHoverEvents());
-    EXPECT_EQ(int(item->acceptedMouseButtons()), 0);
+    EXPECT_EQ(std::tuple(item->isEnabled(), item->acceptHoverEvents(), int(item->acceptedMouseButtons())), std::tuple(false, false, 0));
     EXPECT_EQ(o->IsRotatable(), TypeParam::Texts().rotatable);
     TypeParam::PlaceAt(o, 2.0, 3.0);
     o->SetZValue(42);
     o->SetInteractive(true);
-    EXPECT_EQ(item->data(100), QVariant(true));
-    EXPECT_EQ(item->data(101).toInt(), o->GetObjectID());
+    EXPECT_EQ(std::pair(item->data(100), item->data(101).toInt()), std::pair(QVariant(true), o->GetObjectID()));
     item->setZValue(1);
     item->setEnabled(false);
     item->setPos(500, 500);
@@ -125,8 +123,7 @@ TYPED_TEST(MapObjectCore, UninitialisedObjectsLogAndDoNothing)
 {
     const std::unique_ptr<IZoGraphicsMapObject> o = TypeParam::Construct();
     LogCapture capture;
-    EXPECT_FALSE(o->IsVisible());
-    EXPECT_FALSE(o->IsNameVisible());
+    EXPECT_TRUE(!o->IsVisible() && !o->IsNameVisible()); // && keeps the log's order
     o->SetMinLodLevel(3);
     o->SetMaxLodLevel(9);
     o->Dirty();
@@ -166,8 +163,7 @@ TYPED_TEST(MapObjectCore, ObjectsWithoutAutoAddHaveNoItemUntilShown)
     ASSERT_NE(o->GetQtItem(), nullptr);
     EXPECT_EQ(o->GetQtItem()->scene(), nullptr);
     o->AddToScene();
-    EXPECT_EQ(o->GetQtItem()->scene(), this->map.Scene());
-    EXPECT_TRUE(o->GetQtItem()->isEnabled());
+    EXPECT_EQ(std::pair(o->GetQtItem()->scene(), o->GetQtItem()->isEnabled()), std::pair(this->map.Scene(), true));
 }
 
 // Qt's scene index files an item under the bounds it reports when it

@@ -25,15 +25,12 @@ TEST(CoreIds, UuidIsVersion4AndUnique)
 
 TEST(CoreMath, IsEqualIsRelativeWithAnAbsoluteFloorAndNaNEqualsNothing)
 {
-    EXPECT_TRUE(IsEqual(0.1 + 0.2, 0.3));
-    EXPECT_TRUE(IsEqual(1.0e20, 1.0e20 * (1.0 + 1.0e-14)));
-    EXPECT_FALSE(IsEqual(1.0e20, 1.0e20 * (1.0 + 1.0e-10)));
-    EXPECT_TRUE(IsEqual(0.0, 1.0e-13));
-    EXPECT_FALSE(IsEqual(0.0, 1.0e-10));
-    EXPECT_FALSE(IsEqual(kNaN, kNaN));
-    EXPECT_TRUE(IsEqual(kInf, kInf));
-    EXPECT_FALSE(IsEqual(kInf, -kInf));
-    EXPECT_FALSE(IsEqual(kInf, DBL_MAX));
+    EXPECT_EQ((std::vector<bool>{IsEqual(0.1 + 0.2, 0.3), IsEqual(1.0e20, 1.0e20 * (1.0 + 1.0e-14)), IsEqual(0.0, 1.0e-13),
+                                 IsEqual(kInf, kInf)}),
+              std::vector<bool>(4, true));
+    EXPECT_EQ((std::vector<bool>{IsEqual(1.0e20, 1.0e20 * (1.0 + 1.0e-10)), IsEqual(0.0, 1.0e-10), IsEqual(kNaN, kNaN),
+                                 IsEqual(kInf, -kInf), IsEqual(kInf, DBL_MAX)}),
+              std::vector<bool>(5, false));
 }
 
 TEST(CoreMath, NormalizeDegreeLandsInZeroTo360)

@@ -1,7 +1,7 @@
 #include <ZoGraphics/ZoTileModel.h>
 #include <gtest/gtest.h>
 #include <cmath>
-#include <limits>
+#include <tuple>
 #include <utility>
 #include <QString>
 
@@ -20,16 +20,11 @@ std::string Rounded(const EXTENT& e)
 // The figures hosts lay their tiles out by, and the tiles of points.
 TEST(TileModelTiles, WellKnownFiguresTilesOfPointsAndTileExtents)
 {
-    EXPECT_EQ(Mercator()->GetKind(), E_TILE_MODEL_WEB_MERCATOR);
-    EXPECT_EQ(Mercator()->GetEPSG(), 3857);
-    EXPECT_EQ(Mercator()->GetTileSize(), 256);
-    EXPECT_EQ(Mercator()->GetMinLevel(), 0);
-    EXPECT_EQ(Mercator()->GetTileCountY(3), 8);
+    EXPECT_EQ(std::tuple(Mercator()->GetKind(), Mercator()->GetEPSG(), Mercator()->GetTileSize(), Mercator()->GetMinLevel(),
+                         Mercator()->GetTileCountY(3), Geodetic()->GetEPSG(), Geodetic()->GetTileCountX(4),
+                         Geodetic()->GetTileCountY(0), Geodetic()->GetResolution(0)),
+              std::tuple(E_TILE_MODEL_WEB_MERCATOR, 3857, 256, 0, 8, 4326, 32, 1, 0.703125));
     EXPECT_NEAR(Mercator()->GetResolution(10), 152.87405657035, 1e-9);
-    EXPECT_EQ(Geodetic()->GetEPSG(), 4326);
-    EXPECT_EQ(Geodetic()->GetTileCountX(4), 32);
-    EXPECT_EQ(Geodetic()->GetTileCountY(0), 1);
-    EXPECT_DOUBLE_EQ(Geodetic()->GetResolution(0), 0.703125);
     int col = -1, row = -1;
     ASSERT_TRUE(Mercator()->GetTileOfGeo(&col, &row, 1, 180.0, -90.0)); // edges belong to the last tile
     EXPECT_EQ(std::make_pair(col, row), std::make_pair(1, 1));
@@ -40,8 +35,7 @@ TEST(TileModelTiles, WellKnownFiguresTilesOfPointsAndTileExtents)
     EXPECT_EQ(Rounded(Mercator()->GetTileGeoExtent(0, 0, 0)), Rounded({-180.0, -kMercatorMaxLat, 180.0, kMercatorMaxLat}));
     EXPECT_EQ(Rounded(Mercator()->GetTileGeoExtent(1, 0, 1)), Rounded({0.0, 0.0, 180.0, kMercatorMaxLat}));
     EXPECT_EQ(Rounded(Geodetic()->GetTileGeoExtent(0, 1, 1)), "-180.000000000 -90.000000000 -90.000000000 0.000000000");
-    EXPECT_EQ(Geodetic()->GetTileGeoExtent(2, 0, 0), EXTENT{});
-    EXPECT_EQ(Geodetic()->GetTileGeoExtent(0, 0, 22), EXTENT{});
+    EXPECT_EQ(std::pair(Geodetic()->GetTileGeoExtent(2, 0, 0), Geodetic()->GetTileGeoExtent(0, 0, 22)), std::pair(EXTENT{}, EXTENT{}));
 }
 
 TEST(TileModelConversion, KnownPixelsOfBothSchemes)

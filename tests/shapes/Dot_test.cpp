@@ -78,16 +78,13 @@ TEST_F(Dot, HiddenNamesGiveTheirLooksBack)
     const CZoMapObjectCore* core = ZoObjectCore(object);
     ASSERT_NE(core, nullptr);
     Render();
-    EXPECT_TRUE(core->Label().HoldsLook());
-    EXPECT_GT(ZoLabelLookCache::Bytes(), 0u);
+    EXPECT_TRUE(core->Label().HoldsLook() && ZoLabelLookCache::Bytes() > 0u);
     object->SetNameVisible(false);
-    EXPECT_FALSE(core->Label().HoldsLook());
-    EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
+    EXPECT_EQ(std::pair(core->Label().HoldsLook(), ZoLabelLookCache::Bytes()), std::pair(false, std::size_t(0)));
     object->SetNameVisible(true);
     Render();
     EXPECT_TRUE(core->Label().HoldsLook());
     object->SetNameMaxLodLevel(map.lod - 1);
     map.ChangeLod(map.lod);
-    EXPECT_FALSE(core->Label().HoldsLook());
-    EXPECT_EQ(ZoLabelLookCache::Bytes(), 0u);
+    EXPECT_EQ(std::pair(core->Label().HoldsLook(), ZoLabelLookCache::Bytes()), std::pair(false, std::size_t(0)));
 }

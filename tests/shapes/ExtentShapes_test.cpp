@@ -2,7 +2,7 @@
 // pie, arc and chord (the circle has a file of its own). The fake map module
 // projects 10 pixels per degree, y downwards, and reports the Web Mercator
 // tile model.
-#include "support/ImageCompare.h"
+#include "content/OnCanvas.h"
 #include "support/KindFixture.h"
 #include "support/RenderItem.h"
 
@@ -57,8 +57,6 @@ TYPED_TEST(ExtentShape, WithoutMapModuleTheGeometrySettersComplainAndMeasureNoth
     EXPECT_EQ(this->log.Messages(), texts.at(TypeParam::kRow));
 }
 
-// Hover and press are recorded on the map's event object; presses are left to
-// the view.
 template <class Kind>
 using AnchoredShape = KindFixture<Kind>;
 using AnchoredShapeKinds =
@@ -90,8 +88,6 @@ TYPED_TEST(AnchoredShape, HoverAndPressAreRecordedAndPressesLeftToTheView)
         EXPECT_EQ(this->map.GetEventObject()->property(name).toList(), id) << name;
 }
 
-// --- ellipse -------------------------------------------------------------------
-
 using Ellipse = KindFixture<EllipseKind>;
 
 TEST_F(Ellipse, InscribedInItsExtentWithoutMarginOrPenAndPaintedWithItsLabel)
@@ -113,8 +109,6 @@ TEST_F(Ellipse, InscribedInItsExtentWithoutMarginOrPenAndPaintedWithItsLabel)
                                    QStringLiteral("ellipse_label_right"), 16, 12),
               QString());
 }
-
-// --- rectangle and tile --------------------------------------------------------------
 
 class Rectangle : public KindFixture<RectangleKind>
 {
@@ -157,8 +151,7 @@ protected:
 
 TEST_F(Rectangle, OutlineRunsBetweenTheCornerPixelsAroundTheCentre)
 {
-    EXPECT_EQ(object->GetQtItem()->pos(), QPointF(25.0, -20.0));
-    EXPECT_EQ(ShapeRect(object), QRectF(-15, -10, 30, 20));
+    EXPECT_EQ(std::pair(object->GetQtItem()->pos(), ShapeRect(object)), std::pair(QPointF(25.0, -20.0), QRectF(-15, -10, 30, 20)));
     map.ChangeViewScale(2.0); // the margin for the label is 50 pixels
     EXPECT_EQ(object->GetQtItem()->boundingRect(), QRectF(-40, -35, 80, 70));
     EXPECT_EQ(QSizeF(object->GetWidth(), object->GetHeight()), QSizeF(3.0, 2.0));
@@ -186,8 +179,7 @@ TEST_F(Rectangle, ATileWithoutTileModelStandsAtTheOriginAndNamesTheMode)
 {
     map.tileModelKind = 0;
     tile->SetExtent(EXTENT{1.0, 1.0, 2.0, 2.0});
-    EXPECT_EQ(tile->GetQtItem()->pos(), QPointF(0.0, 0.0));
-    EXPECT_TRUE(tile->GetQtItem()->shape().isEmpty());
+    EXPECT_EQ(std::pair(tile->GetQtItem()->pos(), tile->GetQtItem()->shape().isEmpty()), std::pair(QPointF(0.0, 0.0), true));
     EXPECT_EQ(log.Messages(), Messages{"[CZoRectangleMapObject::ConvertGeoToPixel] 获取TileModel为空, TileModel: 0"});
     // A rectangle does not need the tile model.
     object->SetExtent(EXTENT{1.0, 1.0, 2.0, 2.0});
@@ -206,9 +198,12 @@ TEST_F(Rectangle, PaintsTheTextureStretchedOrPenAndBrush)
     EXPECT_EQ(CompareWithReference(Render(), QStringLiteral("rectangle_picture")), QString());
     object->SetPenStyle(Qt::SolidLine);
     object->SetBrushTexture(Qt::TexturePattern, QPixmap());
-    const QImage image = Render();
-    EXPECT_EQ(CompareWithReference(image, QStringLiteral("rectangle_plain")), QString());
-    EXPECT_EQ(image.pixelColor(5, 6), QColor(200, 30, 30)); // the outline
+    EXPECT_EQ(CompareWithReference(Render(), QStringLiteral("rectangle_plain")), QString());
+    // A texture file is kept by its path even when it cannot be read, quietly.
+    object->SetBrushTextureFile(Qt::Dense4Pattern, "/nonexistent/texture.png");
+    EXPECT_EQ(std::tuple(object->GetBrushTextureFile(), object->GetBrushTexture().isNull(), object->GetBrushStyle()),
+              std::tuple(std::string("/nonexistent/texture.png"), true, unsigned(Qt::Dense4Pattern)));
+    EXPECT_TRUE(log.Messages().empty());
 }
 
 TEST_F(Rectangle, CanvasPaintingProjectsTheCorners)
@@ -218,17 +213,11 @@ TEST_F(Rectangle, CanvasPaintingProjectsTheCorners)
     loose->SetBrushTexture(Qt::TexturePattern, Texture());
     // Web Mercator level 0: 256 pixels for 360 degrees.
     loose->SetExtent(EXTENT{0.0, -30.0, 45.0, 30.0});
-    QImage canvas = BlankCanvas(256, 256);
-    QPainter painter(&canvas);
-    loose->PaintOnCanvas(&painter, ITileModel::GetTileModel(1, true), 0, nullptr);
-    painter.end();
-    EXPECT_EQ(loose->GetQtItem(), nullptr);
+    const QImage canvas = OnCanvas(loose, 0, QRect(0, 0, 256, 256));
     EXPECT_EQ(canvas.pixelColor(130, 126), QColor(250, 220, 30)); // inside, near the top-left
     EXPECT_EQ(canvas.pixelColor(126, 128), QColor(Qt::white));    // west of the extent
     EXPECT_EQ(canvas.pixelColor(162, 128), QColor(Qt::white));    // east of it
 }
-
-// --- pie, arc and chord -----------------------------------------------------------
 
 class Bow : public KindFixture<PieKind>
 {
@@ -252,7 +241,6 @@ protected:
     IZoBowMapObject* chord = nullptr;
 };
 
-// Angles fold into one turn but keep -360; non-finite ones are ignored.
 TEST_F(Bow, AnglesFoldKeepingMinus360AndNonFiniteOnesAreIgnored)
 {
     for (const auto& [given, kept] : {std::pair{-360.0, -360.0}, {360.0, 0.0}, {-360.5, -0.5}, {359.5, 359.5}})
@@ -261,24 +249,20 @@ TEST_F(Bow, AnglesFoldKeepingMinus360AndNonFiniteOnesAreIgnored)
         pie->SetSpanAngle(given);
         EXPECT_EQ(std::pair(pie->GetStartAngle(), pie->GetSpanAngle()), std::pair(kept, kept)) << given;
     }
-    pie->SetStartAngle(1.0e300);
-    EXPECT_TRUE(pie->GetStartAngle() >= -360.0 && pie->GetStartAngle() < 360.0);
     pie->SetStartAngle(30.0);
     pie->SetSpanAngle(90.0);
     pie->SetStartAngle(std::numeric_limits<double>::quiet_NaN());
     pie->SetSpanAngle(std::numeric_limits<double>::infinity());
     pie->SetRotation(-std::numeric_limits<double>::infinity());
     EXPECT_EQ(std::tuple(pie->GetStartAngle(), pie->GetSpanAngle(), pie->GetRotation()), std::tuple(30.0, 90.0, 0.0));
-    EXPECT_TRUE(std::isfinite(pie->GetQtItem()->boundingRect().width()));
 }
 
 TEST_F(Bow, SetCenterMovesByWholePixelsAndKeepsThePixelSize)
 {
     pie->SetExtent(EXTENT{0.0, 0.0, 2.0, 1.0});
     pie->SetCenter(CVector3D(5.04, 3.0, 0.0)); // pixel 50.4 is pixel 50
-    EXPECT_EQ(pie->GetExtent(), (EXTENT{4.0, 2.5, 6.0, 3.5}));
-    EXPECT_EQ(pie->GetCenter(), CVector3D(5.0, 3.0, 0.0));
-    EXPECT_EQ(pie->GetQtItem()->pos(), QPointF(50.0, -30.0));
+    EXPECT_EQ(std::tuple(pie->GetExtent(), pie->GetCenter(), pie->GetQtItem()->pos()),
+              std::tuple(EXTENT{4.0, 2.5, 6.0, 3.5}, CVector3D(5.0, 3.0, 0.0), QPointF(50.0, -30.0)));
     // The measured size belongs to the last SetExtent.
     pie->SetCenter(CVector3D(-5.0, 0.0, 0.0));
     EXPECT_EQ(QSizeF(pie->GetWidth(), pie->GetHeight()), QSizeF(2.0, 1.0));
@@ -288,8 +272,7 @@ TEST_F(Bow, ThePieRunsFromTheCentreTheChordFromTheArcsEnd)
 {
     // 20 pixels across, grown by the pen width of 1 on every side.
     const QPainterPath piePath = Shape(pie);
-    EXPECT_EQ(piePath.elementAt(0), QPointF(0.0, 0.0));
-    EXPECT_EQ(piePath.controlPointRect(), QRectF(0, -11, 11, 11));
+    EXPECT_EQ(std::pair(QPointF(piePath.elementAt(0)), piePath.controlPointRect()), std::pair(QPointF(0.0, 0.0), QRectF(0, -11, 11, 11)));
     EXPECT_TRUE(piePath.contains(QPointF(2.0, -2.0)));
     for (IZoBowMapObject* bow : {arc, chord})
     {
@@ -309,9 +292,7 @@ TEST_F(Bow, ZeroWidthArcsAndChordsHaveNoShapeAndInvertedExtentsDrawBetweenTheirC
     const QPainterPath upright = Shape(pie);
     EXPECT_FALSE(upright.isEmpty());
     pie->SetExtent(EXTENT{2.0, 2.0, 0.0, 0.0}); // min > max
-    EXPECT_EQ(Shape(pie), upright);
-    EXPECT_EQ(pie->GetExtent().xmin, 2.0);
-    EXPECT_TRUE(log.Messages().empty());
+    EXPECT_EQ(std::tuple(Shape(pie), pie->GetExtent().xmin, log.Messages()), std::tuple(upright, 2.0, Messages{}));
     pie->SetExtent(EXTENT{std::numeric_limits<double>::quiet_NaN(), 0.0, 1.0, 1.0});
     EXPECT_EQ(log.Messages(), Messages{"[CZoBowMapObject::SetExtent] 坐标无效"});
     EXPECT_EQ(pie->GetExtent().xmin, 2.0);

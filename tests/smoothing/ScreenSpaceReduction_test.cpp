@@ -9,7 +9,6 @@ using ZoGraphicsInternalNS::ReduceScreenSpaceVertices;
 
 namespace
 {
-
 // The reduction written the plain way, one QPolygonF::remove per dropped point.
 QPolygonF Reference(const QPolygonF& points, double t)
 {
