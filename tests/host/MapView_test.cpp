@@ -183,7 +183,6 @@ TEST_F(MapViewTest, PressesAndHoverReachTheHandlersWithTheTopmostMapObject)
     ASSERT_EQ(pointer.count(), 6);
     EXPECT_TRUE(pointer.at(4).at(0).toBool());
     EXPECT_FALSE(pointer.at(5).at(0).toBool());
-
 }
 
 TEST_F(MapViewTest, DraggingTheEmptyMapPansAndTheWheelZoomsAboutThePointer)
