@@ -280,6 +280,7 @@ TEST_F(GadgetTest, TheBallFollowsThePointerUnlessTheUserMovesItsThing)
     ball->OnMousePress(&view, 20, -30, id);
     ball->OnMouseMove(&view, 25, -35, id);
     EXPECT_EQ(ball->GetDot()->GetPosition(), CVector3D(2.5, 3.5, 0.0));
+    EXPECT_FALSE(ball->OnMouseMove(&view, 90, -90, -1)); // the pointer outran the dot
     ball->OnKeyPress(&view, Qt::Key_Escape);
     user.takeOver = {"ProcessTranslation", "CompleteTranslation"};
     Gesture(ball, id, false);
