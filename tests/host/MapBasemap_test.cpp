@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace
 {
 // The whole world at a level, drawn into an image of world pixels.
@@ -30,16 +32,9 @@ QColor ColourAt(const QImage& image, const CTileModel* model, int level, double 
     return image.pixelColor(int(x), int(y));
 }
 
-struct Probe
-{
-    const char* where;
-    double lon, lat;
-    bool land;
-};
-
 // Open water along the rows where an antimeridian ring (Russia, Fiji) or the
 // polar ring would smear land across the map if it were drawn unwrapped.
-const Probe kProbes[] = {
+const std::tuple<const char*, double, double, bool> kProbes[] = {
     {"Congo basin", 20.0, 0.0, true},        {"Mid Atlantic", -30.0, 0.0, false},
     {"Chukotka", 175.0, 66.0, true},         {"Chukotka west of 180", -176.0, 67.0, true},
     {"Bering Sea", -175.0, 55.0, false},     {"North Atlantic", -30.0, 55.0, false},
@@ -61,12 +56,9 @@ TEST(MapHostBasemap, LandAndSeaWhereTheyBelongAndDetailGrowsFromLevelFour)
         for (int level : {2, 4})
         {
             const QImage image = DrawWorld(basemap, model, level);
-            for (const Probe& probe : kProbes)
-            {
-                const QColor expected = probe.land ? CZoBasemap::kLandColour : CZoBasemap::kOceanColour;
-                EXPECT_EQ(ColourAt(image, model, level, probe.lon, probe.lat), expected)
-                    << probe.where << ", kind " << kind << ", level " << level;
-            }
+            for (const auto& [where, lon, lat, land] : kProbes)
+                EXPECT_EQ(ColourAt(image, model, level, lon, lat), land ? CZoBasemap::kLandColour : CZoBasemap::kOceanColour)
+                    << where << ", kind " << kind << ", level " << level;
         }
     }
 }

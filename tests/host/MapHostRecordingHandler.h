@@ -25,11 +25,7 @@ public:
     bool OnHoverLeave(IZoMapView*, int x, int y, int id) override { return At("OnHoverLeave", x, y, id); }
     bool OnKeyPress(IZoMapView*, int key) override { return Record("OnKeyPress", " " + std::to_string(key)); }
     bool OnLodLevelChanged(int lod) override { return Record("OnLodLevelChanged", " " + std::to_string(lod)); }
-    bool OnViewScaleChanged(double scale) override
-    {
-        lastScale = scale;
-        return Record("OnViewScaleChanged", "");
-    }
+    bool OnViewScaleChanged(double scale) override { return Record("OnViewScaleChanged", " " + std::to_string(scale)); }
     bool OnViewChanged() override { return Record("OnViewChanged", ""); }
     bool OnViewMoved() override { return Record("OnViewMoved", ""); }
 
@@ -47,7 +43,6 @@ public:
     std::set<std::string> consume;
     // Runs inside the call, before it returns.
     std::function<void(const std::string& operation)> sideEffect;
-    double lastScale = 0.0;
 
 private:
     bool At(const char* operation, int x, int y, int id)

@@ -9,7 +9,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
 
 namespace
 {
@@ -132,31 +131,3 @@ TEST(InterfaceSlots, EveryInterfaceKeepsItsSlots)
         EXPECT_EQ(row.actual, row.expected) << row.name;
 }
 
-// A user that overrides nothing leaves every step to the gadget and never
-// touches the extent it is handed.
-TEST(InterfaceSlots, AnEditableUserOverridingNothingHandlesNothing)
-{
-    struct DefaultUser : IZoGraphicsEditableUser {} user;
-    IZoGraphicsEditObject* e = nullptr;
-    const CVector3D p(1.0, 2.0, 3.0);
-    EXTENT box{1.0, 2.0, 3.0, 4.0};
-    EXPECT_EQ(user.GetEditorPosition(e), CVector3D());
-    EXPECT_EQ(user.GetEditorControlPoint(e), CVector3D());
-    EXPECT_EQ(user.GetEditorRotation(e), 0.0);
-    EXPECT_EQ(user.GetEditorBoundingBox(e), EXTENT());
-    EXPECT_EQ(user.GetEditorKeyPointSet(e, 0), CVector3D());
-    EXPECT_TRUE(user.GetEditorKeyPointSet(e).empty());
-    EXPECT_FALSE(user.IsKeyPointClosePath() || user.IsEnableVirtualIndicate());
-    const bool handled[] = {
-        user.OnStartTranslation(e), user.OnProcessTranslation(e, p), user.OnBackoutTranslation(e, p),
-        user.OnCompleteTranslation(e, p), user.OnStartRotation(e), user.OnProcessRotation(e, 10.0, 5.0),
-        user.OnBackoutRotation(e, 10.0), user.OnCompleteRotation(e, 10.0), user.OnStartScaleBoundingBox(e),
-        user.OnProcessScaleBoundingBox(e, box), user.OnBackoutScaleBoundingBox(e, box),
-        user.OnCompleteScaleBoundingBox(e, box), user.OnStartKeyPointSet(e), user.OnProcessKeyPointChange(e, 0, p),
-        user.OnBackoutKeyPointChange(e, 0, p), user.OnCompleteKeyPointChange(e, 0, p),
-        user.OnCompleteKeyPointInsert(e, 0, p), user.OnCompleteKeyPointDelete(e, 0, p),
-    };
-    for (std::size_t i = 0; i < std::size(handled); ++i)
-        EXPECT_FALSE(handled[i]) << "callback " << i;
-    EXPECT_EQ(box, (EXTENT{1.0, 2.0, 3.0, 4.0}));
-}

@@ -114,3 +114,26 @@ TEST_F(LabelDeclutter, LabelsTheOwnPlaceWouldDropMoveToTheDiagonalsFirst)
     declutter->SetLabelDeclutter(false);
     EXPECT_EQ(std::make_pair(declutter->GetPlacedLabelCount(), declutter->GetDroppedLabelCount()), std::make_pair(0, 0));
 }
+
+// A large marker made after a named dot covers where its name stands. Map
+// readers expect the names of a decluttered layer above all of its objects; a
+// layer that does not declutter keeps each name with its object.
+TEST_F(LabelDeclutter, ADeclutteredLayerDrawsNamesAboveLaterMarkersAndHitTestsFindOnlyObjects)
+{
+    IZoDotMapObject* named = MakeDot("Lowtown", 1.0, 1.0, QColor(0, 0, 255));
+    IZoDotMapObject* marker = MakeDot("marker", 4.0, 1.0, QColor(0, 0, 255));
+    marker->SetRadius(60.0);
+    marker->SetNameVisible(false);
+    ASSERT_EQ(All(Frame(), qRgb(0, 0, 255)), 0);
+    declutter->SetLabelDeclutter(true);
+    EXPECT_GT(All(Frame(), qRgb(0, 0, 255)), 20);
+    // Over the name, the scene answers with the marker alone.
+    EXPECT_EQ(map.Scene()->items(QPointF(30.0, -12.0)), QList<QGraphicsItem*>{marker->GetQtItem()});
+    // A later colour reaches the name drawn by the layer; switching off
+    // gives the name back to its dot.
+    named->SetNameColor(QColor(255, 0, 0));
+    EXPECT_EQ(All(Frame(), qRgb(0, 0, 255)), 0);
+    named->SetNameColor(QColor(0, 0, 255));
+    declutter->SetLabelDeclutter(false);
+    EXPECT_EQ(All(Frame(), qRgb(0, 0, 255)), 0);
+}

@@ -3,9 +3,7 @@
 
 using Messages = std::vector<std::string>;
 
-class Creators : public ModuleFixture
-{
-};
+using Creators = ModuleFixture;
 
 // Each creator names itself in its failure, after the object's own text
 // where the object could not start: on a module never initialised, and on
@@ -55,7 +53,6 @@ TEST_F(Creators, EveryKindLogsItsOwnCreatorsText)
     EXPECT_EQ(module.GetRegisteredObjectCount(), 0);
 }
 
-// Initialise without a map succeeds, but makes no layer and no object.
 TEST_F(Creators, AModuleWithoutAMapMakesNothingAndLogsWhy)
 {
     CZoGraphicsModule fresh;

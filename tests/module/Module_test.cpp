@@ -9,9 +9,7 @@
 
 using Messages = std::vector<std::string>;
 
-class GraphicsModule : public ModuleFixture
-{
-};
+using GraphicsModule = ModuleFixture;
 
 TEST_F(GraphicsModule, DefaultLayerHearsTheMapAndDestroyedObjectsLeaveTheScene)
 {

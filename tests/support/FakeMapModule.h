@@ -13,14 +13,14 @@
 
 // A map module double with a plain linear projection: scene pixel =
 // (x * pixelsPerDegree, -y * pixelsPerDegree), rounded. Conversions can be
-// made to fail, the scene can be withheld, and LOD and view scale are set
-// directly; handler registration is recorded.
+// made to fail, and LOD and view scale are set directly; handler
+// registration is recorded.
 class FakeMapModule : public IZoMapModule
 {
 public:
     FakeMapModule() : m_scene(std::make_unique<QGraphicsScene>()), m_events(std::make_unique<QObject>()) {}
     QObject* GetEventObject() override { return m_events.get(); }
-    QGraphicsScene* GetScene() override { return withScene ? m_scene.get() : nullptr; }
+    QGraphicsScene* GetScene() override { return m_scene.get(); }
     int GetTileModelKind() override { return tileModelKind; }
     double GetViewScale() override { return viewScale; }
     int GetCurrentLodLevel() override { return lod; }
@@ -72,7 +72,6 @@ public:
     int tileModelKind = 1;
     bool failConversions = false;
     bool nanConversions = false; // pixel-to-scene answers NaN, as a broken host projection might
-    bool withScene = true;
     std::vector<IZoMapEventHandler*> handlers;
 
 private:

@@ -6,7 +6,6 @@
 #include <QAbstractScrollArea>
 #include <QString>
 
-#include <cmath>
 #include <functional>
 #include <set>
 #include <string>
@@ -104,16 +103,10 @@ public:
     QAbstractScrollArea* GetScrollArea() override { return &area; }
     bool ConvertPixelToGeo(int x, int y, double* lon, double* lat) override
     {
-        if (offMap)
-            return false;
         *lon = x / 10.0;
         *lat = -y / 10.0;
         return true;
     }
-    // The view pixel of a geographic point.
-    static int PixelX(double lon) { return static_cast<int>(std::lround(lon * 10.0)); }
-    static int PixelY(double lat) { return static_cast<int>(std::lround(-lat * 10.0)); }
     Qt::CursorShape Shape() const { return area.viewport()->cursor().shape(); }
     QAbstractScrollArea area;
-    bool offMap = false;
 };
