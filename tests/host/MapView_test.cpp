@@ -192,6 +192,9 @@ TEST_F(MapViewTest, DraggingTheEmptyMapPansAndTheWheelZoomsAboutThePointer)
     const QPoint from = Centre() + QPoint(-40, -30);
     const QPoint to = Centre() + QPoint(70, 45);
     const QPointF grabbed = GeoAt(from);
+    QSignalSpy pointer(view.get(), &CZoMapView::pointerGeoChanged);
+    Send(QEvent::MouseMove, from); // no button held, nothing under it: still followed
+    EXPECT_EQ(pointer.count(), 1);
     QSignalSpy moved(&module, &CZoMapModule::centerChanged);
     Drag(from, to);
     EXPECT_EQ(moved.count(), 2);

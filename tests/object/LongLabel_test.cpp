@@ -1,5 +1,6 @@
 #include "support/ImageCompare.h"
 #include "support/ModuleFixture.h"
+#include "object/ZoDevicePixels.h"
 
 #include <QElapsedTimer>
 #include <QGraphicsScene>
@@ -39,4 +40,10 @@ TEST_F(LongLabel, DrawsOnlyWhatTheViewShows)
     EXPECT_LT(timer.elapsed(), 2000);
     EXPECT_EQ(longName, shortName);
     EXPECT_NE(shortName, BlankCanvas(400, 300));
+}
+
+TEST(DevicePixels, NoPainterOrAnIdleOneLeavesNothingToDrawIn)
+{
+    QPainter idle;
+    EXPECT_FALSE(CZoDevicePixels(nullptr).IsValid() || CZoDevicePixels(&idle).IsValid());
 }

@@ -185,7 +185,7 @@ TEST(LabelsAboveMarkers, TheScreenShowsTheNameOverTheLaterMarker)
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     int blue = 0, green = 0;
-    QTest::qWaitFor([&] {
+    static_cast<void>(QTest::qWaitFor([&] {
         const QImage screen = Screen(&view, view.viewport());
         blue = green = 0;
         for (int y = 0; y < screen.height(); ++y)
@@ -196,7 +196,7 @@ TEST(LabelsAboveMarkers, TheScreenShowsTheNameOverTheLaterMarker)
                 green += qGreen(p) > 140 && qGreen(p) < 180 && qRed(p) < 30 && qBlue(p) < 30;
             }
         return green > 5000 && blue > 50;
-    }, 2000);
+    }, 2000));
     EXPECT_GT(green, 5000); // the marker shows
     EXPECT_GT(blue, 50);    // and the name over it
     graphics.Unintialise();
