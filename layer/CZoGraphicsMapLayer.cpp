@@ -277,7 +277,7 @@ void CZoGraphicsMapLayer::CollectHoverCandidates(const QRectF& sceneRect, std::v
 {
     CZoLockGuard guard(m_lock);
     if (!m_hoverGrid.IsBuilt())
-        m_hoverGrid.Build(WalkLocked());
+        m_hoverGrid.Build();
     m_hoverGrid.Collect(sceneRect, out);
 }
 

@@ -1,7 +1,6 @@
 #include "layer/CZoHoverGrid.h"
 
 #include "object/CZoMapObjectCore.h"
-#include "object/IZoMapObjectInternal.h"
 
 #include <QGraphicsItem>
 #include <algorithm>
@@ -57,15 +56,42 @@ void CZoHoverGrid::Invalidate()
     m_dirty.clear();
 }
 
-void CZoHoverGrid::Build(const std::vector<IZoGraphicsMapObject*>& objects)
+void CZoHoverGrid::Build()
 {
     Invalidate();
     m_built = true;
-    for (IZoGraphicsMapObject* object : objects)
+    // Place may untrack what is no longer hoverable: walk a copy.
+    const std::vector<CZoMapObjectCore*> tracked = m_tracked;
+    for (CZoMapObjectCore* core : tracked)
+        Place(*core);
+}
+
+bool CZoHoverGrid::Track(CZoMapObjectCore& core)
+{
+    SZoGridPlace& place = core.GridPlace();
+    if (!Hoverable(core))
     {
-        if (CZoMapObjectCore* core = ZoObjectCore(object))
-            Place(*core);
+        Untrack(core);
+        return false;
     }
+    if (place.tracked < 0)
+    {
+        place.tracked = static_cast<qint32>(m_tracked.size());
+        m_tracked.push_back(&core);
+    }
+    return true;
+}
+
+void CZoHoverGrid::Untrack(CZoMapObjectCore& core)
+{
+    SZoGridPlace& place = core.GridPlace();
+    if (place.tracked < 0)
+        return;
+    CZoMapObjectCore* last = m_tracked.back();
+    m_tracked[place.tracked] = last;
+    last->GridPlace().tracked = place.tracked;
+    m_tracked.pop_back();
+    place.tracked = -1;
 }
 
 template <class F>
@@ -80,7 +106,7 @@ void CZoHoverGrid::Place(CZoMapObjectCore& core)
 {
     SZoGridPlace& place = core.GridPlace();
     const bool placed = place.generation == m_generation;
-    if (!Hoverable(core))
+    if (!Track(core))
     {
         if (placed)
             Forget(core);
@@ -101,6 +127,7 @@ void CZoHoverGrid::Place(CZoMapObjectCore& core)
     next.y1 = CellOf(bounds.bottom());
     next.large = (qint64(next.x1) - next.x0 + 1) * (qint64(next.y1) - next.y0 + 1) > kMaxCells;
     next.generation = m_generation;
+    next.tracked = place.tracked;
     next.dirty = place.dirty && placed;
     if (placed && next.x0 == place.x0 && next.y0 == place.y0 && next.x1 == place.x1 && next.y1 == place.y1)
         return;
@@ -137,8 +164,10 @@ void CZoHoverGrid::Unplace(CZoMapObjectCore& core)
 
 void CZoHoverGrid::NoteMoved(CZoMapObjectCore& core)
 {
+    if (!m_built)
+        Track(core);
     // A shape change under way is placed by the next query, when it is done.
-    if (m_built && !(core.GridPlace().dirty && core.GridPlace().generation == m_generation))
+    else if (!(core.GridPlace().dirty && core.GridPlace().generation == m_generation))
         Place(core);
 }
 
@@ -152,8 +181,10 @@ void CZoHoverGrid::NoteShapeChanging(CZoMapObjectCore& core)
     if (place.generation != m_generation)
     {
         // Not placed yet: a place of no cells, to be filled by the next query.
+        const qint32 tracked = place.tracked;
         place = SZoGridPlace();
         place.generation = m_generation;
+        place.tracked = tracked;
     }
     place.dirty = true;
     m_dirty.push_back(&core);
@@ -161,6 +192,7 @@ void CZoHoverGrid::NoteShapeChanging(CZoMapObjectCore& core)
 
 void CZoHoverGrid::Forget(CZoMapObjectCore& core)
 {
+    Untrack(core);
     SZoGridPlace& place = core.GridPlace();
     if (place.generation != m_generation)
         return;
