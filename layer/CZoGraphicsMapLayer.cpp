@@ -107,6 +107,7 @@ void CZoGraphicsMapLayer::Unintialise()
         m_objects.clear();
         m_walkStale = true;
         ForgetPlacedLabels();
+        m_hoverGrid.Invalidate();
     }
     DropLabelItem();
     m_mapModule = nullptr;
@@ -267,12 +268,25 @@ void CZoGraphicsMapLayer::EnableShapeCache()
 
 bool CZoGraphicsMapLayer::OnLodLevelChanged(int lod)
 {
+    m_hoverGrid.Invalidate();
     ForEachObject([lod](IZoGraphicsMapObject* object) { object->UpdateVisibility(lod); });
     return false;
 }
 
+void CZoGraphicsMapLayer::CollectHoverCandidates(const QRectF& sceneRect, std::vector<CZoMapObjectCore*>* out)
+{
+    CZoLockGuard guard(m_lock);
+    if (!m_hoverGrid.IsBuilt())
+        m_hoverGrid.Build();
+    m_hoverGrid.Collect(sceneRect, out);
+}
+
+// Every object changes its size and place: the hover grid is dropped first,
+// so that none of them spends time on it, and built again by the next hover.
+// A change of level or of the view as a whole does the same.
 bool CZoGraphicsMapLayer::OnViewScaleChanged(double scale)
 {
+    m_hoverGrid.Invalidate();
     ForEachObject([scale](IZoGraphicsMapObject* object) { object->SetResolution(scale); });
     UpdateLabelItem();
     return false;
@@ -283,6 +297,7 @@ bool CZoGraphicsMapLayer::OnViewScaleChanged(double scale)
 // scale and level come with events of their own, which decide anew.
 bool CZoGraphicsMapLayer::OnViewChanged()
 {
+    m_hoverGrid.Invalidate();
     const bool labelsDirty = m_labelsDirty;
     ForEachObject([](IZoGraphicsMapObject* object) { object->UpdatePosition(); });
     m_labelsDirty = labelsDirty;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "layer/CZoHoverGrid.h"
 #include "object/CZoLock.h"
 #include "object/IZoLabelArranger.h"
 #include "object/IZoNameObserver.h"
@@ -23,7 +24,8 @@ class QPainter;
 class CZoGraphicsMapLayer final : public IZoGraphicsMapLayer,
                                   public IZoMapEventHandler,
                                   public IZoLabelDeclutter2,
-                                  public IZoLabelArranger
+                                  public IZoLabelArranger,
+                                  public IZoHoverGridOwner
 {
 public:
     CZoGraphicsMapLayer();
@@ -104,6 +106,11 @@ public:
     // The scene deleted the label item (it went before the layer).
     void ForgetLabelItem();
 
+    CZoHoverGrid& HoverGrid() override { return m_hoverGrid; }
+    // Appends the layer's objects whose items may meet sceneRect and can be
+    // hovered, building the hover grid first if a change dropped it.
+    void CollectHoverCandidates(const QRectF& sceneRect, std::vector<CZoMapObjectCore*>* out);
+
     bool OnLodLevelChanged(int lod) override;
     bool OnViewScaleChanged(double scale) override;
     bool OnViewChanged() override;
@@ -161,4 +168,5 @@ private:
     std::vector<SPlacedLabel> m_placedLabels;
     std::unique_ptr<CZoLayerLabelItem> m_labelItem;
     int m_labelZ = m_zValue; // the highest z value of the layer's objects
+    CZoHoverGrid m_hoverGrid;
 };

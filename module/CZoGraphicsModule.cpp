@@ -1,6 +1,7 @@
 #include <ZoGraphics/CZoGraphicsModule.h>
 
 #include "layer/CZoGraphicsMapLayer.h"
+#include "layer/CZoHoverRouter.h"
 #include "module/CZoModuleNames.h"
 #include "object/IZoMapObjectInternal.h"
 #include "object/CZoLock.h"
@@ -133,6 +134,7 @@ bool CZoGraphicsModule::Initialise(const std::string& name, IZoMapModule* mapMod
     m_uuid = ZoCreateUUID();
     m_mapModule = mapModule;
     WatchMapModule();
+    RouteHover();
     m_moduleId = GenerateZoModuleID();
     m_defaultLayer = CreateGraphicsLayer(STR_DEAFULT_GRAPHICS_LAYER_NAME);
     return true;
@@ -153,10 +155,31 @@ void CZoGraphicsModule::WatchMapModule()
     }
 }
 
+void CZoGraphicsModule::RouteHover()
+{
+    m_hoverRouter.reset();
+    QGraphicsScene* scene = m_mapModule ? m_mapModule->GetScene() : nullptr;
+    if (!scene)
+        return;
+    auto layers = [this] {
+        std::vector<CZoGraphicsMapLayer*> layers;
+        CZoLockGuard guard(*m_layerLock);
+        for (const auto& entry : m_layers)
+        {
+            if (auto* layer = dynamic_cast<CZoGraphicsMapLayer*>(entry.second))
+                layers.push_back(layer);
+        }
+        return layers;
+    };
+    auto lookup = [this](int id) { return ZoObjectCore(LookupGraphicObject(id)); };
+    m_hoverRouter = std::make_unique<CZoHoverRouter>(scene, layers, lookup);
+}
+
 void CZoGraphicsModule::ForgetMapModule()
 {
     if (!m_mapModule)
         return;
+    m_hoverRouter.reset();
     m_mapModule = nullptr;
     {
         CZoLockGuard guard(*m_layerLock);
@@ -206,6 +229,7 @@ void CZoGraphicsModule::Unintialise()
 {
     if (!ZoAcceptsCallingThread(kClassName, "Unintialise"))
         return;
+    m_hoverRouter.reset();
     {
         CZoLockGuard guard(*m_layerLock);
         for (auto& entry : m_layers)

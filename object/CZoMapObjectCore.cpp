@@ -1,5 +1,6 @@
 #include "object/CZoMapObjectCore.h"
 
+#include "layer/CZoHoverRouter.h"
 #include "object/CZoGeoPixels.h"
 #include "object/IZoMapObjectInternal.h"
 #include "object/ZoAntimeridian.h"
@@ -23,6 +24,9 @@
 namespace
 {
 constexpr int kAllMouseButtons = 0x7FFFFFF;
+
+// Stands for Qt's insertion order among items of the same z value.
+quint32 g_sceneOrder = 0;
 
 // k = 1 / view scale; a scale that is not a positive number leaves k alone,
 // and so does one so far from 1 that pixel sizes times k would overflow.
@@ -75,6 +79,8 @@ CZoMapObjectCore::~CZoMapObjectCore()
 
 void CZoMapObjectCore::DisposeItem()
 {
+    if (m_hoverGrid)
+        m_hoverGrid->Forget(*this);
     if (!m_item)
         return;
     m_item->ForgetOwner();
@@ -85,6 +91,8 @@ void CZoMapObjectCore::ForgetDeletedItem(const IZoGraphicsItemImpl* item)
 {
     if (!m_item || m_item.get() != item)
         return;
+    if (m_hoverGrid)
+        m_hoverGrid->Forget(*this);
     static_cast<void>(m_item.release());
     m_inScene = false;
 }
@@ -143,6 +151,7 @@ void CZoMapObjectCore::Unintialise()
     m_mapLayer = nullptr;
     m_mapModule = nullptr;
     m_graphicsLayer = nullptr;
+    m_hoverGrid = nullptr;
 }
 
 void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
@@ -155,6 +164,15 @@ void CZoMapObjectCore::SetMapLayer(IZoMapLayer* layer)
     m_mapLayer = layer;
     m_graphicsLayer = graphicsLayer;
     m_labelArranger = dynamic_cast<IZoLabelArranger*>(layer);
+    auto* gridOwner = dynamic_cast<IZoHoverGridOwner*>(layer);
+    CZoHoverGrid* hoverGrid = gridOwner ? &gridOwner->HoverGrid() : nullptr;
+    if (hoverGrid != m_hoverGrid)
+    {
+        if (m_hoverGrid)
+            m_hoverGrid->Forget(*this);
+        m_hoverGrid = hoverGrid;
+        ApplyInteractive();
+    }
     m_labelDecluttered = false;
     SetLabelShift(QPointF());
     InvalidateLabels();
@@ -318,8 +336,31 @@ void CZoMapObjectCore::ApplyInteractive()
         return;
     QGraphicsItem* item = m_item->GraphicsItem();
     item->setEnabled(m_interactive);
-    item->setAcceptHoverEvents(m_interactive);
+    // Qt scans every item of a scene without an index for each mouse move
+    // once a single item accepts hover events: the layer's grid finds the
+    // hovered item instead, and needs to hear of its moves. Items sized per
+    // view have no place in scene cells and keep Qt's hover.
+    const bool routed = m_hoverGrid && !(item->flags() & QGraphicsItem::ItemIgnoresTransformations);
+    item->setAcceptHoverEvents(m_interactive && !routed);
+    item->setFlag(QGraphicsItem::ItemSendsGeometryChanges, m_interactive && routed);
     item->setAcceptedMouseButtons(m_interactive ? Qt::MouseButtons(kAllMouseButtons) : Qt::NoButton);
+    if (!routed)
+        return;
+    m_hoverGrid->NoteMoved(*this);
+    if (m_interactive && m_inScene)
+        ZoEnableHoverTracking(item->scene());
+}
+
+void CZoMapObjectCore::NoteItemMoved()
+{
+    if (m_hoverGrid)
+        m_hoverGrid->NoteMoved(*this);
+}
+
+void CZoMapObjectCore::NoteItemShapeChanging()
+{
+    if (m_hoverGrid && m_interactive)
+        m_hoverGrid->NoteShapeChanging(*this);
 }
 
 void CZoMapObjectCore::SetVisible(bool visible)
@@ -414,6 +455,7 @@ void CZoMapObjectCore::SetResolution(double scale)
         PrepareGeometryChange();
     m_pixelScale = newScale;
     m_geometryAnnounced = m_inScene && !unchanged;
+    NoteItemShapeChanging();
     m_item->RebuildShape(true);
     m_geometryAnnounced = false;
     if (!m_inScene)
@@ -480,6 +522,7 @@ void CZoMapObjectCore::AddToScene()
     m_inScene = true;
     EnsureItem();
     QGraphicsItem* item = m_item->GraphicsItem();
+    m_sceneOrder = ++g_sceneOrder;
     scene->addItem(item);
     m_item->NotifyGeometryChange();
     // Taking an item out of the scene switches it off; bring back what the
@@ -508,6 +551,8 @@ void CZoMapObjectCore::RemoveFromScene()
         item->setAcceptedMouseButtons(Qt::NoButton);
     }
     m_inScene = false;
+    if (m_hoverGrid)
+        m_hoverGrid->Forget(*this);
 }
 
 void CZoMapObjectCore::Rebuild(double scale)
@@ -521,6 +566,7 @@ void CZoMapObjectCore::Rebuild(double scale)
     if (newScale != m_pixelScale)
         PrepareGeometryChange();
     m_pixelScale = newScale;
+    NoteItemShapeChanging();
     m_item->RebuildShape(true);
 }
 
@@ -617,6 +663,7 @@ void CZoMapObjectCore::RebuildAndRepaint(bool forced)
     InvalidateLabels();
     if (!m_item)
         return;
+    NoteItemShapeChanging();
     m_item->RebuildShape(forced);
     m_item->Repaint();
 }
@@ -626,6 +673,7 @@ void CZoMapObjectCore::RelayoutNameAndRepaint(bool forced)
     InvalidateLabels();
     if (!m_item)
         return;
+    NoteItemShapeChanging();
     m_item->RebuildName(forced);
     m_item->Repaint();
 }

@@ -4,6 +4,7 @@
 #include "object/IZoGraphicsItemImpl.h"
 #include "object/IZoLabelArranger.h"
 #include "object/IZoNameObserver.h"
+#include "layer/CZoHoverGrid.h"
 
 #include <ZoGraphics/CZoVariantSetObject.h>
 #include <ZoGraphics/ZoCoreTypes.h>
@@ -171,6 +172,14 @@ public:
     // The host's map module has ended: nothing may call it any more. The
     // item stays where it is; a dying scene deletes it (ForgetDeletedItem).
     void ForgetMapModule() { m_mapModule = nullptr; }
+    // The item moved or turned, or is about to change its shape: the layer's
+    // hover grid follows.
+    void NoteItemMoved();
+    void NoteItemShapeChanging();
+    // Where the layer's hover grid holds the item.
+    SZoGridPlace& GridPlace() { return m_gridPlace; }
+    // Items added to a scene later lie above others of the same z value.
+    quint32 SceneOrder() const { return m_sceneOrder; }
     // Whether the calling thread may run method; see ZoAcceptsCallingThread.
     bool AcceptsCallingThread(const char* method) const;
     // Draws a label placed in item pixels when it shows at lod: the painter
@@ -194,6 +203,9 @@ private:
     const SZoObjectLogNames& m_names;
     IZoNameObserver* m_nameObserver = nullptr;
     IZoLabelArranger* m_labelArranger = nullptr;
+    CZoHoverGrid* m_hoverGrid = nullptr;
+    SZoGridPlace m_gridPlace;
+    quint32 m_sceneOrder = 0;
     bool m_labelDecluttered = false;
     float m_labelShiftX = 0.0f;
     float m_labelShiftY = 0.0f;

@@ -7,6 +7,7 @@
 
 #include <ZoGraphics/ZoGraphicsConstant.h>
 
+#include <QGraphicsItem>
 #include <QGraphicsSceneHoverEvent>
 #include <QVariant>
 #include <QGraphicsSceneMouseEvent>
@@ -41,7 +42,7 @@ public:
     TZoGraphicsItem& operator=(const TZoGraphicsItem&) = delete;
 
     QGraphicsItem* GraphicsItem() override { return this; }
-    void NotifyGeometryChange() override { this->prepareGeometryChange(); }
+    void NotifyGeometryChange() override { prepareGeometryChange(); }
     void Repaint() override { this->update(); }
     void ForgetOwner() override
     {
@@ -51,6 +52,32 @@ public:
     Owner* GetOwner() const { return m_owner; }
 
 protected:
+    // Hides Qt's own, so that the layer's hover grid hears of every shape
+    // change the kinds announce.
+    void prepareGeometryChange()
+    {
+        QtBase::prepareGeometryChange();
+        if (m_core)
+            m_core->NoteItemShapeChanging();
+    }
+    // Sent while the item is hovered through the layer's grid.
+    QVariant itemChange(QGraphicsItem::GraphicsItemChange change, const QVariant& value) override
+    {
+        switch (change)
+        {
+        case QGraphicsItem::ItemPositionHasChanged:
+        case QGraphicsItem::ItemTransformHasChanged:
+        case QGraphicsItem::ItemRotationHasChanged:
+        case QGraphicsItem::ItemScaleHasChanged:
+        case QGraphicsItem::ItemTransformOriginPointHasChanged:
+            if (m_core)
+                m_core->NoteItemMoved();
+            break;
+        default:
+            break;
+        }
+        return QtBase::itemChange(change, value);
+    }
     bool sceneEvent(QEvent* event) override
     {
         CZoItemEventScope delivering;

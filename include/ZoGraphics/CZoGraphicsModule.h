@@ -10,6 +10,7 @@ class IZoMapModule;
 class QObject;
 class CZoLock;
 class CZoModuleNames;
+class CZoHoverRouter;
 
 /// The library's entry point: creates, finds and destroys graphics layers, map
 /// objects and edit gadgets against a host map module.
@@ -182,6 +183,8 @@ private:
     void Stack(EStacking mode, const char* method, IZoGraphicsMapObject* object, const std::vector<int>& ids);
     // Hears of the map module's end through its scene and event object.
     void WatchMapModule();
+    // Hovers the module's items from the map module's scene (see CZoHoverRouter).
+    void RouteHover();
     void ForgetMapModule();
     // Whether layer is a layer of the library that another module made.
     bool IsForeignLayer(const IZoGraphicsMapLayer* layer) const;
@@ -202,4 +205,6 @@ private:
     std::unique_ptr<CZoModuleNames> m_names;
     // Context of the connections that report the map module's end.
     std::unique_ptr<QObject> m_mapWatch;
+    // Hovers the items of this module's layers from the map module's scene.
+    std::unique_ptr<CZoHoverRouter> m_hoverRouter;
 };
