@@ -17,29 +17,29 @@ class IZoGraphicsMapLayer;
 /// pin: the side of the shape or icon on which the name label stands.
 enum EZoLabelSide : unsigned int
 {
-    E_LABEL_TOP = 0,
-    E_LABEL_BOTTOM = 1,
-    E_LABEL_LEFT = 2,
-    E_LABEL_RIGHT = 3,
-    E_LABEL_CENTRE = 4,
+    E_LABEL_TOP = 0,    ///< Above the shape.
+    E_LABEL_BOTTOM = 1, ///< Below the shape.
+    E_LABEL_LEFT = 2,   ///< Left of the shape.
+    E_LABEL_RIGHT = 3,  ///< Right of the shape.
+    E_LABEL_CENTRE = 4, ///< On the shape's centre.
 };
 
 /// Values of `SetLabelAlignment`: where along its side the label stands, from
 /// the side's start (its left or top end) to its end.
 enum EZoLabelAlignment : unsigned int
 {
-    E_LABEL_ALIGN_START = 0,
-    E_LABEL_ALIGN_MIDDLE = 1,
-    E_LABEL_ALIGN_END = 2,
+    E_LABEL_ALIGN_START = 0,  ///< At the side's start.
+    E_LABEL_ALIGN_MIDDLE = 1, ///< At the side's middle.
+    E_LABEL_ALIGN_END = 2,    ///< At the side's end.
 };
 
 /// Values of `SetLabelPosition` for the line shapes: the segment at whose
 /// middle the name label stands.
 enum EZoLabelSegment : unsigned int
 {
-    E_LABEL_FIRST_SEGMENT = 0,
-    E_LABEL_MIDDLE_SEGMENT = 1,
-    E_LABEL_LAST_SEGMENT = 2,
+    E_LABEL_FIRST_SEGMENT = 0,  ///< Points 0 and 1.
+    E_LABEL_MIDDLE_SEGMENT = 1, ///< The segment in the middle of the line.
+    E_LABEL_LAST_SEGMENT = 2,   ///< The last two points.
 };
 
 /// What every graphic map object shares (slots 0 to 58): name and name
