@@ -409,6 +409,9 @@ TEST_F(GadgetTest, TheAxisHandleEndsAnArmFromThePivotAtTheUsersAngle)
     map.viewScale = 2.0;
     axis->OnViewChanged();
     EXPECT_NEAR(arm().x(), CRotationAxis::kArmLength / 2.0, 1.0);
+    map.viewScale = 0.0; // a host that has not laid its view out yet
+    axis->OnViewChanged();
+    EXPECT_NEAR(arm().x(), CRotationAxis::kArmLength, 1.0);
     module.DestroyGraphicsEditObject(axis);
 }
 
