@@ -102,6 +102,7 @@ TEST_F(Text, OutlinedTextMatchesItsReferenceOnTheSceneAndOnACanvas)
     StyleForPainting(object);
     EXPECT_EQ(CompareWithReference(RenderItemAt(Item(), 160, 60, QPointF(8, 8)), QStringLiteral("text_outline"), 16, 24),
               QString());
+    EXPECT_GT(Item()->boundingRect().width(), 40.0); // a scene draws only what this covers
     layer->SetAutoAdd(false);
     IZoTextMapObject* loose = module.CreateTextMapObject("loose", layer);
     StyleForPainting(loose);

@@ -245,8 +245,8 @@ TEST_F(GeoJson, OnlyPlainGeometryCoordinatesAreReadDirectly)
                                               std::to_string(expected.offset) + " ", 0), 0u) << log.Messages()[0];
     }
     // A string that looks like the reader's own placeholders stays a string.
-    const SZoGeoJsonLoadResult forged = LoadGeoJson(&module, layer, LineFeatures({R"("\u00000")", "[[1,2],[3,4]]"}));
-    EXPECT_EQ(std::make_pair(forged.objects.size(), forged.skipped), std::make_pair(std::size_t(1), 1));
+    const SZoGeoJsonLoadResult forged = LoadGeoJson(&module, layer, LineFeatures({R"("\u00000")", R"("")", "[[1,2],[3,4]]"}));
+    EXPECT_EQ(std::make_pair(forged.objects.size(), forged.skipped), std::make_pair(std::size_t(1), 2));
 }
 
 // The coordinate reader takes exponents of either sign itself, rather than

@@ -62,6 +62,8 @@ TEST(TileModelConversion, KnownPixelsOfBothSchemes)
         ASSERT_TRUE(c.model->ConvertGeoToPixel(&px, &py, c.level, c.lon, c.lat)) << c.lon << ", " << c.lat;
         EXPECT_EQ(std::make_pair(px, py), std::make_pair(c.x, c.y)) << c.lon << ", " << c.lat << " at " << c.level;
     }
+    int px = -1, py = -1; // levels outside 0 to 21
+    EXPECT_FALSE(Mercator()->ConvertGeoToPixel(&px, &py, 22, 0.0, 0.0) || Geodetic()->ConvertGeoToPixel(&px, &py, -1, 0.0, 0.0));
     double lon = 0.0, lat = 0.0;
     ASSERT_TRUE(Mercator()->ConvertPixelToGeo(&lon, &lat, 0, 128.0, 92.09));
     EXPECT_NEAR(lat, 45.0, 0.01);
