@@ -63,21 +63,17 @@ CZoMapObjectCore::CZoMapObjectCore(IZoGraphicsMapObject& self, IKind& kind, cons
 
 CZoMapObjectCore::~CZoMapObjectCore()
 {
-    // The scene never owns an item: take it out before it is deleted.
-    if (m_item)
-    {
-        QGraphicsItem* item = m_item->GraphicsItem();
-        if (QGraphicsScene* scene = item->scene())
-            scene->removeItem(item);
-    }
     DisposeItem();
 }
 
+// A deleted item leaves its scene by itself, with less work than removing it
+// first (no change notifications, no switching off): destroying many objects
+// at once is mostly this.
 void CZoMapObjectCore::DisposeItem()
 {
+    m_inScene = false;
     if (!m_item)
         return;
-    m_item->ForgetOwner();
     ZoDisposeItem(std::move(m_item));
 }
 
@@ -138,7 +134,7 @@ void CZoMapObjectCore::Unintialise()
 {
     if (!AcceptsCallingThread("Unintialise"))
         return;
-    m_self.RemoveFromScene();
+    InvalidateLabels();
     DisposeItem();
     m_mapLayer = nullptr;
     m_mapModule = nullptr;
