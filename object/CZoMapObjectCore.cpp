@@ -593,10 +593,13 @@ QPointF CZoMapObjectCore::ConvertGeoToScenePixel(const CVector3D& point, const c
         ZoLogWarnAt(m_names.className, method) << ZoLogReason::kConvertFailed;
         return QPointF(0.0, 0.0);
     }
-    if (!m_anchorNoted || !(point == m_notedAnchor))
+    if (!(std::fabs(point.x) > 180.0 || std::fabs(point.y) > 90.0))
     {
-        m_notedAnchor = point;
-        m_anchorNoted = true;
+        m_notedOutside.reset();
+    }
+    else if (!m_notedOutside || !(point == *m_notedOutside))
+    {
+        m_notedOutside = std::make_unique<CVector3D>(point);
         CZoGeoPixels::NoteOutOfRange(&point, 1, m_names.className, method);
     }
     return pixel;

@@ -2,13 +2,16 @@
 
 #include "object/TZoGraphicsItem.h"
 
-#include <QGraphicsEllipseItem>
+#include <QGraphicsItem>
 #include <QPainterPath>
 
 class CZoDotMapObject;
 class CZoNameLabel;
 
-class CDotItemQtImpl final : public TZoGraphicsItem<QGraphicsEllipseItem, CZoDotMapObject>
+// A plain item: the dot keeps its own circle, and an ellipse item's private
+// record (its rectangle, pen, brush and angles, all unused) would cost every
+// dot of a large display a hundred bytes.
+class CDotItemQtImpl final : public TZoGraphicsItem<QGraphicsItem, CZoDotMapObject>
 {
 public:
     explicit CDotItemQtImpl(CZoDotMapObject* owner);
