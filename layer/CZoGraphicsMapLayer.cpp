@@ -5,6 +5,7 @@
 #include "object/IZoMapObjectInternal.h"
 #include "object/ZoLogText.h"
 
+#include <ZoGraphics/CZoGraphicsModule.h>
 #include <ZoGraphics/IZoGraphicsMapObject.h>
 #include <ZoGraphics/IZoGraphicsModule.h>
 #include <ZoGraphics/IZoMapModule.h>
@@ -19,6 +20,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <typeinfo>
 #include <unordered_map>
 
 namespace
@@ -104,7 +106,7 @@ void CZoGraphicsMapLayer::Unintialise()
         m_mapModule->UnregisterEventHandler(static_cast<IZoMapEventHandler*>(this));
     {
         CZoLockGuard guard(m_lock);
-        m_objects.clear();
+        m_objects.Clear();
         m_walkStale = true;
         ForgetPlacedLabels();
         m_hoverGrid.Invalidate();
@@ -117,10 +119,7 @@ const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked() cons
 {
     if (m_walkStale)
     {
-        m_walk.clear();
-        m_walk.reserve(m_objects.size());
-        for (const auto& entry : m_objects)
-            m_walk.push_back(entry.second);
+        m_walk = m_objects.Sorted();
         m_walkStale = false;
     }
     return m_walk;
@@ -181,7 +180,7 @@ bool CZoGraphicsMapLayer::AttachMapObject(IZoGraphicsMapObject* object)
         return false;
     {
         CZoLockGuard guard(m_lock);
-        if (!m_objects.emplace(object->GetObjectID(), object).second)
+        if (!m_objects.Insert(object->GetObjectID(), object))
             return true;
         m_walkStale = true;
         m_labelsDirty = true;
@@ -197,7 +196,7 @@ bool CZoGraphicsMapLayer::ContainsMapObject(IZoGraphicsMapObject* object)
     if (!object)
         return false;
     CZoLockGuard guard(m_lock);
-    return m_objects.count(object->GetObjectID()) != 0;
+    return m_objects.Contains(object->GetObjectID());
 }
 
 bool CZoGraphicsMapLayer::DetachMapObject(IZoGraphicsMapObject* object)
@@ -205,12 +204,8 @@ bool CZoGraphicsMapLayer::DetachMapObject(IZoGraphicsMapObject* object)
     if (!object)
         return false;
     CZoLockGuard guard(m_lock);
-    if (m_objects.empty())
+    if (!m_objects.Erase(object->GetObjectID()))
         return true;
-    const auto found = m_objects.find(object->GetObjectID());
-    if (found == m_objects.end())
-        return true;
-    m_objects.erase(found);
     m_walkStale = true;
     ForgetPlacedLabels();
     guard.Unlock();
@@ -221,9 +216,9 @@ bool CZoGraphicsMapLayer::DetachMapObject(IZoGraphicsMapObject* object)
 bool CZoGraphicsMapLayer::DetachAllMapObjects()
 {
     CZoLockGuard guard(m_lock);
-    for (const auto& entry : m_objects)
-        entry.second->RemoveFromScene();
-    m_objects.clear();
+    for (IZoGraphicsMapObject* object : WalkLocked())
+        object->RemoveFromScene();
+    m_objects.Clear();
     m_walkStale = true;
     ForgetPlacedLabels();
     return true;
@@ -233,24 +228,34 @@ bool CZoGraphicsMapLayer::DestroyAllMapObjects()
 {
     if (!m_graphicsModule)
         return false;
-    std::map<int, IZoGraphicsMapObject*> objects;
+    std::vector<IZoGraphicsMapObject*> objects;
     {
-        // Moving the map out first lets DestroyGraphicsMapObject detach each
+        // Emptying the table first lets DestroyGraphicsMapObject detach each
         // object from this layer without finding it again.
         CZoLockGuard guard(m_lock);
-        objects.swap(m_objects);
+        WalkLocked();
+        objects.swap(m_walk);
+        m_objects.Clear();
         m_walkStale = true;
         ForgetPlacedLabels();
     }
-    for (const auto& entry : objects)
-        m_graphicsModule->DestroyGraphicsMapObject(entry.second);
+    // The library's own module takes them out of its registry together; one
+    // of the host's may have a say over each object.
+    auto* module = dynamic_cast<CZoGraphicsModule*>(m_graphicsModule);
+    if (module && typeid(*module) == typeid(CZoGraphicsModule))
+    {
+        module->DestroyGraphicsMapObjects(objects);
+        return true;
+    }
+    for (IZoGraphicsMapObject* object : objects)
+        m_graphicsModule->DestroyGraphicsMapObject(object);
     return true;
 }
 
 int CZoGraphicsMapLayer::GetMapObjectCount() const
 {
     CZoLockGuard guard(m_lock);
-    return static_cast<int>(m_objects.size());
+    return static_cast<int>(m_objects.Size());
 }
 
 void CZoGraphicsMapLayer::EnableShapeCache()

@@ -4,13 +4,13 @@
 #include "object/CZoLock.h"
 #include "object/IZoLabelArranger.h"
 #include "object/IZoNameObserver.h"
+#include "object/TZoIdTable.h"
 
 #include <ZoGraphics/IZoGraphicsMapLayer.h>
 #include <ZoGraphics/IZoLabelDeclutter.h>
 #include <ZoGraphics/IZoMapEventHandler.h>
 
 #include <QRectF>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -118,8 +118,7 @@ public:
 
 private:
     // Calls f on every object in ascending id order, under the lock. Walks go
-    // over a flat copy of the map, made again after the map changes: a view
-    // change visits every object, and a tree of scattered nodes is slow to walk.
+    // over a sorted copy of the table, made again after the table changes.
     template <class F>
     void ForEachObject(F f);
     const std::vector<IZoGraphicsMapObject*>& WalkLocked() const;
@@ -157,7 +156,7 @@ private:
     int m_nameMinLod = 0;
     int m_nameMaxLod = 21;
     mutable CZoLock m_lock;
-    std::map<int, IZoGraphicsMapObject*> m_objects;
+    TZoIdTable<IZoGraphicsMapObject> m_objects;
     mutable std::vector<IZoGraphicsMapObject*> m_walk;
     mutable bool m_walkStale = true;
     IZoNameObserver* m_nameObserver = nullptr;

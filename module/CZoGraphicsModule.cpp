@@ -373,6 +373,40 @@ void CZoGraphicsModule::DestroyGraphicsMapObject(IZoGraphicsMapObject* object)
     DestroyGraphicsMapObjectImpl(object);
 }
 
+void CZoGraphicsModule::DestroyGraphicsMapObjects(const std::vector<IZoGraphicsMapObject*>& objects)
+{
+    if (!ZoAcceptsCallingThread(kClassName, "DestroyGraphicsMapObject"))
+        return;
+    std::vector<IZoGraphicsMapObject*> ours;
+    ours.reserve(objects.size());
+    {
+        CZoLockGuard guard(*m_objectLock);
+        for (IZoGraphicsMapObject* object : objects)
+        {
+            if (!object)
+                continue;
+            if (!EraseEntry(m_objects, object->GetObjectID(), object) && ZoObjectCore(object))
+            {
+                ZoLogWarnAt(kClassName, "DestroyGraphicsMapObject") << "图元不属于本模块";
+                continue;
+            }
+            ours.push_back(object);
+        }
+        // Many names go in one pass over the index; a few, each by its name.
+        if (ours.size() * 8 < m_names->objects.NameCount())
+        {
+            for (IZoGraphicsMapObject* object : ours)
+                m_names->objects.Erase(object->GetName(), object);
+        }
+        else
+        {
+            m_names->objects.EraseValues(ours);
+        }
+    }
+    for (IZoGraphicsMapObject* object : ours)
+        DestroyGraphicsMapObjectImpl(object);
+}
+
 void CZoGraphicsModule::ForgetLayer(const IZoGraphicsMapLayer* layer)
 {
     CZoLockGuard guard(*m_objectLock);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "object/TZoIdTable.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <functional>
@@ -79,6 +81,53 @@ public:
         const auto at = std::find_if(more.begin(), more.end(), [value](const Entry& e) { return e.value == value; });
         if (at != more.end())
             more.erase(at);
+    }
+
+    // Erases every entry that points to one of values, in one pass over all
+    // records: cheaper than one Erase per name once values are many.
+    void EraseValues(const std::vector<T*>& values)
+    {
+        // One sorted array: a set of nodes would cost as many allocations.
+        std::vector<const T*> sorted(values.begin(), values.end());
+        std::sort(sorted.begin(), sorted.end());
+        const auto gone = [&sorted](const T* value) { return std::binary_search(sorted.begin(), sorted.end(), value); };
+        std::size_t kept = 0;
+        for (std::size_t index = 0; index < m_records.size(); ++index)
+        {
+            Record& record = m_records[index];
+            if (record.more && !record.more->empty())
+            {
+                std::vector<Entry> left;
+                if (!gone(record.first.value))
+                    left.push_back(record.first);
+                for (const Entry& entry : *record.more)
+                {
+                    if (!gone(entry.value))
+                        left.push_back(entry);
+                }
+                if (left.empty())
+                    continue;
+                record.first = left.front();
+                left.erase(left.begin());
+                *record.more = std::move(left);
+            }
+            else if (gone(record.first.value))
+            {
+                continue;
+            }
+            if (kept != index)
+                m_records[kept] = std::move(record);
+            ++kept;
+        }
+        m_records.erase(m_records.begin() + static_cast<std::ptrdiff_t>(kept), m_records.end());
+        if (m_records.size() * 4 < m_records.capacity())
+            m_records.shrink_to_fit();
+        std::size_t slots = 16;
+        while ((m_records.size() + 1) * 2 > slots)
+            slots *= 2;
+        std::vector<std::uint64_t>(slots, 0).swap(m_slots);
+        for (std::size_t index = 0; index < m_records.size(); ++index)
+            Link(m_records[index].hash, index);
     }
 
     void Clear()
@@ -213,9 +262,7 @@ private:
         {
             const std::size_t index = static_cast<std::size_t>(m_slots[i] & 0xffffffffu) - 1;
             const std::size_t home = m_records[index].hash & Mask();
-            // Whether home lies cyclically in (hole, i]: then the slot stays.
-            const bool stays = hole <= i ? (hole < home && home <= i) : (hole < home || home <= i);
-            if (!stays)
+            if (!ZoProbeSlotStays(hole, home, i))
             {
                 m_slots[hole] = m_slots[i];
                 m_slots[i] = 0;

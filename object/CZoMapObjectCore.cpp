@@ -67,23 +67,19 @@ CZoMapObjectCore::CZoMapObjectCore(IZoGraphicsMapObject& self, IKind& kind, cons
 
 CZoMapObjectCore::~CZoMapObjectCore()
 {
-    // The scene never owns an item: take it out before it is deleted.
-    if (m_item)
-    {
-        QGraphicsItem* item = m_item->GraphicsItem();
-        if (QGraphicsScene* scene = item->scene())
-            scene->removeItem(item);
-    }
     DisposeItem();
 }
 
+// A deleted item leaves its scene by itself, with less work than removing it
+// first (no change notifications, no switching off): destroying many objects
+// at once is mostly this.
 void CZoMapObjectCore::DisposeItem()
 {
     if (m_hoverGrid)
         m_hoverGrid->Forget(*this);
+    m_inScene = false;
     if (!m_item)
         return;
-    m_item->ForgetOwner();
     ZoDisposeItem(std::move(m_item));
 }
 
@@ -146,7 +142,7 @@ void CZoMapObjectCore::Unintialise()
 {
     if (!AcceptsCallingThread("Unintialise"))
         return;
-    m_self.RemoveFromScene();
+    InvalidateLabels();
     DisposeItem();
     m_mapLayer = nullptr;
     m_mapModule = nullptr;
@@ -643,10 +639,13 @@ QPointF CZoMapObjectCore::ConvertGeoToScenePixel(const CVector3D& point, const c
         ZoLogWarnAt(m_names.className, method) << ZoLogReason::kConvertFailed;
         return QPointF(0.0, 0.0);
     }
-    if (!m_anchorNoted || !(point == m_notedAnchor))
+    if (!(std::fabs(point.x) > 180.0 || std::fabs(point.y) > 90.0))
     {
-        m_notedAnchor = point;
-        m_anchorNoted = true;
+        m_notedOutside.reset();
+    }
+    else if (!m_notedOutside || !(point == *m_notedOutside))
+    {
+        m_notedOutside = std::make_unique<CVector3D>(point);
         CZoGeoPixels::NoteOutOfRange(&point, 1, m_names.className, method);
     }
     return pixel;

@@ -198,37 +198,41 @@ private:
     // Lets go of the item, now or, while Qt delivers an item event, later.
     void DisposeItem();
 
+    // Pointers first, then numbers, then switches: a large display holds one
+    // core per object, and padding between mixed fields adds up.
     IZoGraphicsMapObject& m_self;
     IKind& m_kind;
     const SZoObjectLogNames& m_names;
     IZoNameObserver* m_nameObserver = nullptr;
     IZoLabelArranger* m_labelArranger = nullptr;
     CZoHoverGrid* m_hoverGrid = nullptr;
-    SZoGridPlace m_gridPlace;
-    quint32 m_sceneOrder = 0;
-    bool m_labelDecluttered = false;
-    float m_labelShiftX = 0.0f;
-    float m_labelShiftY = 0.0f;
-    bool m_labelShown = false; // as UpdateVisibility last found it
-    bool m_geometryAnnounced = false;
-    mutable CVector3D m_notedAnchor; // the last point ConvertGeoToScenePixel noted
-    mutable bool m_anchorNoted = false;
-
-    int m_objectId = -1;
+    // The last point ConvertGeoToScenePixel noted, kept only while it lies
+    // outside the world (rare): points inside need no note.
+    mutable std::unique_ptr<CVector3D> m_notedOutside;
     IZoMapLayer* m_mapLayer = nullptr;
     IZoMapModule* m_mapModule = nullptr;
     IZoGraphicsMapLayer* m_graphicsLayer = nullptr;
+    std::unique_ptr<IZoGraphicsItemImpl> m_item;
+    CZoVariantSetObject m_properties;
+
+    double m_pixelScale = 0.0;
+    double m_rebuildThreshold = -1.0;
+    float m_labelShiftX = 0.0f;
+    float m_labelShiftY = 0.0f;
+    int m_objectId = -1;
     int m_minLod = 0;
     int m_maxLod = 21;
     int m_zValue = 0;
-    double m_pixelScale = 0.0;
-    double m_rebuildThreshold = -1.0;
+    quint32 m_sceneOrder = 0;
+    SZoGridPlace m_gridPlace;
+
+    bool m_labelDecluttered = false;
+    bool m_labelShown = false; // as UpdateVisibility last found it
+    bool m_geometryAnnounced = false;
     bool m_interactive = false;
     bool m_visible = true;
     bool m_shown = true;
     bool m_alwaysRebuild = false;
-    CZoVariantSetObject m_properties;
     bool m_inScene = false;
-    std::unique_ptr<IZoGraphicsItemImpl> m_item;
     CZoNameLabel m_label;
 };

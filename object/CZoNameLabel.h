@@ -66,19 +66,21 @@ public:
     // Whether the label still refers to a finished look of its own.
     bool HoldsLook() const { return !m_look.expired(); }
 
-    bool visible = false;
-    int minLod = 0;
-    int maxLod = 21;
-    bool clipToRect = false;
+    // Wide fields first, switches last: every object holds a label, and
+    // padding between mixed fields adds up over a large display.
     QRectF clipRect;
-    float offset = 0.0f;
     double outlineWidth = 1.0;
+    double originX = 0.0;
+    double originY = 0.0;
     QColor textColor;
     QColor outlineColor;
     QFont font;
-    double originX = 0.0;
-    double originY = 0.0;
     QString text;
+    int minLod = 0;
+    int maxLod = 21;
+    float offset = 0.0f;
+    bool visible = false;
+    bool clipToRect = false;
 
 private:
     void Measure() const;
@@ -89,16 +91,16 @@ private:
     // show within visible (painter coordinates) only.
     void DrawOutlines(QPainter* painter, const QRectF& visible) const;
 
-    // Widest line, line height, ascent and line count, measured on demand.
-    mutable bool m_measured = false;
-    mutable float m_textWidth = 0.0f;
-    mutable float m_textHeight = 0.0f;
-    mutable float m_ascent = 0.0f;
-    mutable float m_blockHeight = 0.0f;
     mutable std::weak_ptr<const SZoLabelLook> m_look;
     // The text's glyphs, laid out on first use while the label shows: a look
     // that leaves the cache is put together again without shaping the text.
     mutable std::shared_ptr<const std::vector<SZoPlacedGlyph>> m_glyphs;
+    // Widest line, line height, ascent and line count, measured on demand.
+    mutable float m_textWidth = 0.0f;
+    mutable float m_textHeight = 0.0f;
+    mutable float m_ascent = 0.0f;
+    mutable float m_blockHeight = 0.0f;
+    mutable bool m_measured = false;
 };
 
 // A surface shape's label anchor for a side (0 top, 1 bottom, 2 left,

@@ -52,12 +52,17 @@ void ZoDisposeItem(std::unique_ptr<IZoGraphicsItemImpl> item)
         return;
     if (g_deliveryDepth == 0 || !QCoreApplication::instance())
     {
+        // Deleted in its scene, the item leaves it without asking itself
+        // anything (no virtual calls from a destructor).
+        item->ForgetOwner();
         item.reset();
         return;
     }
+    // Removing asks the item for its bounds: it still reaches its object.
     QGraphicsItem* graphicsItem = item->GraphicsItem();
     if (QGraphicsScene* scene = graphicsItem->scene())
         scene->removeItem(graphicsItem);
+    item->ForgetOwner();
     graphicsItem->setVisible(false);
     graphicsItem->setEnabled(false);
     graphicsItem->setAcceptHoverEvents(false);

@@ -18,7 +18,8 @@ public:
     CZoItemEventScope& operator=(const CZoItemEventScope&) = delete;
 };
 
-// Deletes an item whose object lets go of it. While an item event is being
+// Deletes an item whose object lets go of it, telling it to forget its owner
+// first (after taking it out of its scene, while it still can answer). While an item event is being
 // delivered the item is only taken out of the scene and switched off, and is
 // deleted when control returns to the event loop.
 void ZoDisposeItem(std::unique_ptr<IZoGraphicsItemImpl> item);

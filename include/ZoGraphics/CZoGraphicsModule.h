@@ -120,6 +120,11 @@ public:
     IZoGraphicsMapObject* LookupGraphicObject(const std::string& name) const override;
     IZoGraphicsMapObject* LookupGraphicObject(int id) const override;
     void DestroyGraphicsMapObject(IZoGraphicsMapObject* object) override;
+    /// Destroys each object as DestroyGraphicsMapObject() does, in the order
+    /// given, taking them out of the registry and its name index together
+    /// first: what a layer's DestroyAllMapObjects() uses. Each object may
+    /// appear once.
+    void DestroyGraphicsMapObjects(const std::vector<IZoGraphicsMapObject*>& objects);
 
     IZoTextMapObject* CreateTextMapObject(const std::string& name, IZoGraphicsMapLayer* layer) override;
     IZoTextMapObject* LookupTextMapObject(const std::string& name) const override;

@@ -16,22 +16,34 @@ namespace
 std::atomic<int> g_moduleId{0};
 std::atomic<int> g_objectId{0};
 
-QTextCodec* CodecFor(const char* codePage)
+// A code page's codec, and whether plain ASCII is the same bytes in it.
+struct SCodePage
+{
+    QTextCodec* codec = nullptr;
+    bool asciiSafe = false;
+};
+
+SCodePage CodecFor(const char* codePage)
 {
     // Qt looks a codec up by name under a global lock and asks ICU to resolve
-    // the alias each time; every name that crosses the interface comes here,
-    // so each thread remembers the last answer. Codecs live until the process
-    // ends, so the pointer stays valid.
+    // the alias each time (its MIB number too); every name that crosses the
+    // interface comes here, so each thread remembers the last answer. Codecs
+    // live until the process ends, so the pointer stays valid.
     thread_local std::string lastPage;
-    thread_local QTextCodec* lastCodec = nullptr;
-    if (lastCodec && codePage && lastPage == codePage)
-        return lastCodec;
+    thread_local SCodePage last;
+    if (last.codec && codePage && lastPage == codePage)
+        return last;
     QTextCodec* codec = codePage ? QTextCodec::codecForName(codePage) : nullptr;
     if (!codec)
-        return QTextCodec::codecForName("UTF-8");
+        return {QTextCodec::codecForName("UTF-8"), true};
+    // US-ASCII, Latin-1, UTF-8, GBK and GB18030: the code pages the library
+    // meets that keep ASCII as it is.
+    constexpr int kAsciiCompatible[] = {3, 4, 106, 113, 114};
+    const int mib = codec->mibEnum();
     lastPage = codePage;
-    lastCodec = codec;
-    return codec;
+    last.codec = codec;
+    last.asciiSafe = std::find(std::begin(kAsciiCompatible), std::end(kAsciiCompatible), mib) != std::end(kAsciiCompatible);
+    return last;
 }
 
 // Equal when |a - b| <= tolerance * max(1, |a|, |b|): relative for large
@@ -65,25 +77,24 @@ std::string ZoCreateUUID()
 
 QString ConvertStdStringToQString(const std::string& text, const char* codePage)
 {
-    return CodecFor(codePage)->toUnicode(text.data(), static_cast<int>(text.size()));
+    // Most names are plain ASCII: a codec's round trip is most of what
+    // creating and destroying an object costs.
+    const SCodePage page = CodecFor(codePage);
+    if (page.asciiSafe && std::all_of(text.cbegin(), text.cend(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
+    return page.codec->toUnicode(text.data(), static_cast<int>(text.size()));
 }
 
 std::string ConvertQStringToStdString(const QString& text, const char* codePage)
 {
-    QTextCodec* codec = CodecFor(codePage);
-    // Plain ASCII is the same bytes in every code page the library meets
-    // (US-ASCII, Latin-1, UTF-8, GBK, GB18030), and most names are plain
-    // ASCII: a codec's round trip is most of what destroying an object costs.
-    constexpr int kAsciiCompatible[] = {3, 4, 106, 113, 114};
-    const int mib = codec->mibEnum();
-    if (std::find(std::begin(kAsciiCompatible), std::end(kAsciiCompatible), mib) != std::end(kAsciiCompatible) &&
-        std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; }))
+    const SCodePage page = CodecFor(codePage);
+    if (page.asciiSafe && std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; }))
     {
         std::string plain(static_cast<size_t>(text.size()), '\0');
         std::transform(text.cbegin(), text.cend(), plain.begin(), [](QChar c) { return static_cast<char>(c.unicode()); });
         return plain;
     }
-    const QByteArray bytes = codec->fromUnicode(text);
+    const QByteArray bytes = page.codec->fromUnicode(text);
     return std::string(bytes.constData(), static_cast<size_t>(bytes.size()));
 }
 
@@ -91,7 +102,7 @@ QString ConvertCharArrayToQString(const char* text, const char* codePage)
 {
     if (!text)
         return QString();
-    return CodecFor(codePage)->toUnicode(text);
+    return CodecFor(codePage).codec->toUnicode(text);
 }
 
 bool IsEqual(float a, float b)
