@@ -122,10 +122,10 @@ public:
         m_records.erase(m_records.begin() + static_cast<std::ptrdiff_t>(kept), m_records.end());
         if (m_records.size() * 4 < m_records.capacity())
             m_records.shrink_to_fit();
-        std::size_t slots = 16;
-        while ((m_records.size() + 1) * 2 > slots)
-            slots *= 2;
-        std::vector<std::uint64_t>(slots, 0).swap(m_slots);
+        std::size_t slotCount = 16;
+        while ((m_records.size() + 1) * 2 > slotCount)
+            slotCount *= 2;
+        std::vector<std::uint64_t>(slotCount, 0).swap(m_slots);
         for (std::size_t index = 0; index < m_records.size(); ++index)
             Link(m_records[index].hash, index);
     }
