@@ -21,5 +21,5 @@ zo_as_user gcovr --root "$REPO_ROOT" --object-directory "$COVERAGE_DIR" \
     --filter "$REPO_ROOT/" \
     --exclude "$REPO_ROOT/(tests|fuzz|bench|apps|build)/" \
     --exclude-throw-branches --exclude-unreachable-branches --gcov-ignore-parse-errors \
-    --print-summary --output /dev/null -j "$JOBS"
+    --print-summary --output "$COVERAGE_DIR/coverage.txt" -j "$JOBS"
 exit "$status"
