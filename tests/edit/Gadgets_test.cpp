@@ -439,6 +439,9 @@ TEST_F(GadgetTest, TheAxisAngleGrowsThroughAFullTurnAndTurnsBackShort)
     // Just left of up reads as a small turn back, not almost a full one.
     axis->OnMouseMove(&view, -10, -10, -1);
     axis->OnMouseMove(&view, 0, 0, -1); // on the pivot: no direction, no call
+    map.failConversions = true;           // nor where the host cannot say where it is
+    axis->OnMouseMove(&view, 10, 10, -1);
+    map.failConversions = false;
     EXPECT_EQ(user.calls.back(), "ProcessRotation -15.0000,-45.0000");
     EXPECT_EQ(label(), QStringLiteral("已旋转：-45.0°\n与Y轴夹角：345.0°"));
     axis->OnKeyPress(&view, Qt::Key_Escape);

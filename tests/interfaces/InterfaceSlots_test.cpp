@@ -131,3 +131,24 @@ TEST(InterfaceSlots, EveryInterfaceKeepsItsSlots)
         EXPECT_EQ(row.actual, row.expected) << row.name;
 }
 
+
+// A host's user that overrides nothing leaves every step to the gadget:
+// every answer is false and the extent it is handed stays as it was.
+TEST(InterfaceSlots, AnEditableUserOverridingNothingHandlesNothing)
+{
+    struct DefaultUser : IZoGraphicsEditableUser {} user;
+    IZoGraphicsEditObject* e = nullptr;
+    const CVector3D p(1.0, 2.0, 3.0);
+    EXTENT box{1.0, 2.0, 3.0, 4.0};
+    const bool handled[] = {
+        user.OnStartTranslation(e), user.OnProcessTranslation(e, p), user.OnBackoutTranslation(e, p),
+        user.OnCompleteTranslation(e, p), user.OnStartRotation(e), user.OnProcessRotation(e, 10.0, 5.0),
+        user.OnBackoutRotation(e, 10.0), user.OnCompleteRotation(e, 10.0), user.OnStartScaleBoundingBox(e),
+        user.OnProcessScaleBoundingBox(e, box), user.OnBackoutScaleBoundingBox(e, box),
+        user.OnCompleteScaleBoundingBox(e, box), user.OnStartKeyPointSet(e), user.OnProcessKeyPointChange(e, 0, p),
+        user.OnBackoutKeyPointChange(e, 0, p), user.OnCompleteKeyPointChange(e, 0, p),
+        user.OnCompleteKeyPointInsert(e, 0, p), user.OnCompleteKeyPointDelete(e, 0, p),
+    };
+    EXPECT_EQ(std::count(std::begin(handled), std::end(handled), true), 0);
+    EXPECT_EQ(box, (EXTENT{1.0, 2.0, 3.0, 4.0}));
+}

@@ -117,6 +117,15 @@ TEST_P(HoverGrid, AMovedDotIsHoveredWhereItIsNowBeforeAndAfterAZoom)
     MoveTo(At(20.0, 10.0) + QPointF(4.0, 0.0));
     EXPECT_EQ(Take("Scene_HoverEnter"), id);
     EXPECT_EQ(Take("Scene_HoverLeave"), QVariantList());
+    // Along a row of cells, then along a column.
+    for (const QPointF& to : {QPointF(23.0, 10.0), QPointF(23.0, 13.0)})
+    {
+        MoveTo(At(0.0, 0.0));
+        EXPECT_EQ(Take("Scene_HoverLeave"), id);
+        dot->SetPosition(CVector3D(to.x(), to.y(), 0.0));
+        MoveTo(At(to.x(), to.y()));
+        EXPECT_EQ(Take("Scene_HoverEnter"), id) << to.y();
+    }
 }
 
 TEST_P(HoverGrid, TheTopmostDotIsHoveredAndHostItemsAboveKeepTheirHover)

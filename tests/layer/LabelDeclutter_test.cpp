@@ -76,6 +76,13 @@ TEST_F(LabelDeclutter, TheHigherZWinsAndBothObjectsStillDrawAndHit)
     frame = Frame();
     EXPECT_GT(Right(frame, qRgb(255, 0, 0)), 20);
     EXPECT_EQ(Right(frame, qRgb(0, 0, 255)), 0);
+    // A hidden object, or one out of the scene, takes no room.
+    low->SetVisible(false);
+    EXPECT_GT(Right(Frame(), qRgb(0, 0, 255)), 20);
+    low->SetVisible(true);
+    low->RemoveFromScene();
+    EXPECT_GT(Right(Frame(), qRgb(0, 0, 255)), 20);
+    low->AddToScene();
     // Painting on a canvas keeps every label.
     QImage canvas = BlankCanvas(256, 256);
     QPainter painter(&canvas);

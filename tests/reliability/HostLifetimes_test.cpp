@@ -162,7 +162,9 @@ TEST(HostMapModuleGoneFirst, GraphicsModuleSurvivesTheTeardown)
                 w->SetWidget(widget.get());
         }
         module.DestroyGraphicsEditObject(module.CreateScaleEditObject(nullptr));
+        IZoGraphicsMapObject* first = module.LookupGraphicObject("o");
         host.reset();
+        EXPECT_FALSE(first->IsInScene()); // its scene went, and its item with it
         EXPECT_EQ(module.CreateDotMapObject("late", nullptr), nullptr);
         module.Unintialise();
         EXPECT_EQ(widget->parentWidget(), nullptr);
