@@ -120,9 +120,19 @@ const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked() cons
     if (m_walkStale)
     {
         m_walk = m_objects.Sorted();
+        m_walkCores.clear();
+        m_walkCores.reserve(m_walk.size());
+        for (IZoGraphicsMapObject* object : m_walk)
+            m_walkCores.push_back(ZoObjectCore(object));
         m_walkStale = false;
     }
     return m_walk;
+}
+
+const std::vector<CZoMapObjectCore*>& CZoGraphicsMapLayer::WalkCoresLocked() const
+{
+    WalkLocked();
+    return m_walkCores;
 }
 
 std::vector<IZoGraphicsMapObject*> CZoGraphicsMapLayer::GetMapObjects() const
@@ -235,6 +245,7 @@ bool CZoGraphicsMapLayer::DestroyAllMapObjects()
         CZoLockGuard guard(m_lock);
         WalkLocked();
         objects.swap(m_walk);
+        m_walkCores.clear();
         m_objects.Clear();
         m_walkStale = true;
         ForgetPlacedLabels();
@@ -371,6 +382,17 @@ std::array<QRectF, 9> LabelPlaces(const QRectF& own)
             QRectF(c, -h / 2, w, h)};
 }
 
+// Where any of those places may lie about the anchor, turned by any angle.
+QRectF LabelReach(const QRectF& own)
+{
+    const double w = own.width();
+    const double h = own.height();
+    const double c = std::max({own.left(), -own.right(), own.top(), -own.bottom(), 0.0});
+    const QRectF places = own.united(QRectF(-c - w, -c - h, 2.0 * (c + w), 2.0 * (c + h)));
+    const double r = std::max({-places.left(), places.right(), -places.top(), places.bottom()}) * 1.4142135623730951;
+    return QRectF(-r, -r, 2.0 * r, 2.0 * r);
+}
+
 // Screen space in square cells; each cell lists the placed boxes that touch it.
 class PlacedLabels
 {
@@ -412,23 +434,62 @@ private:
 };
 } // namespace
 
+// An object painting its own label asks for a decision over every object:
+// it does not know what the frame shows.
 void CZoGraphicsMapLayer::ArrangeLabels()
 {
-    if (!m_declutter || !m_labelsDirty || !m_mapModule)
+    ArrangeLabelsFor(QRectF());
+}
+
+QPointF CZoGraphicsMapLayer::DecisionOrigin() const
+{
+    QPointF origin;
+    CZoGeoPixels(m_mapModule).Point(0.0, 0.0, &origin);
+    return origin;
+}
+
+bool CZoGraphicsMapLayer::DecisionCovers(const QRectF& shown) const
+{
+    if (m_labelsDirty)
+        return false;
+    if (m_decidedEverywhere)
+        return true;
+    // A host may move its scene's origin with the view; the decision moves
+    // with the objects.
+    return !shown.isNull() && m_decidedArea.translated(DecisionOrigin() - m_decidedOrigin).contains(shown);
+}
+
+void CZoGraphicsMapLayer::ArrangeLabelsFor(const QRectF& shown)
+{
+    if (!m_declutter || !m_mapModule)
         return;
     CZoLockGuard guard(m_lock);
+    if (DecisionCovers(shown))
+        return;
+    const bool wasDirty = m_labelsDirty;
     m_labelsDirty = false;
     m_placedLabels.clear();
+    m_labelsPlaced = 0;
+    m_labelsDropped = 0;
     const bool drawnAbove = DrawsLabelsAbove();
     const int lod = m_mapModule->GetCurrentLodLevel();
     const double viewScale = m_mapModule->GetViewScale();
     if (!(viewScale > 0.0) || !std::isfinite(viewScale))
         return;
+    // The frame and a quarter of it again on each side, in screen pixels: a
+    // pan or a repaint inside it keeps the decision.
+    const bool everywhere = shown.isNull() || !std::isfinite(shown.width()) || !std::isfinite(shown.height());
+    const QRectF frame(shown.topLeft() * viewScale, shown.size() * viewScale);
+    const double dx = frame.width() / 4.0;
+    const double dy = frame.height() / 4.0;
+    const QRectF area = frame.adjusted(-dx, -dy, dx, dy);
+    m_decidedEverywhere = everywhere;
+    m_decidedArea = QRectF(area.topLeft() / viewScale, area.size() / viewScale);
+    m_decidedOrigin = DecisionOrigin();
 
     std::vector<LabelCandidate> candidates;
-    for (IZoGraphicsMapObject* object : WalkLocked())
+    for (CZoMapObjectCore* core : WalkCoresLocked())
     {
-        CZoMapObjectCore* core = ZoObjectCore(object);
         if (!core)
             continue;
         QGraphicsItem* item = core->GetQtItem();
@@ -443,14 +504,15 @@ void CZoGraphicsMapLayer::ArrangeLabels()
         }
         const double halo = IsEqual(label.outlineWidth, 0.0) ? 0.0 : label.outlineWidth * 2.5 / 2.0;
         const QRectF text = label.TextRect().adjusted(-halo, -halo, halo, halo);
+        // One that cannot reach the area waits for a frame that shows it.
+        if (!everywhere && !area.intersects(LabelReach(text).translated(at)))
+            continue;
         candidates.push_back({core, core->GetZValue(), core->GetObjectID(), at, text});
     }
     // Higher z first, then lower id; the walk is already in id order.
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const LabelCandidate& a, const LabelCandidate& b) { return a.z > b.z; });
     PlacedLabels placed;
-    m_labelsPlaced = 0;
-    m_labelsDropped = 0;
     for (const LabelCandidate& candidate : candidates)
     {
         bool hidden = true;
@@ -469,7 +531,8 @@ void CZoGraphicsMapLayer::ArrangeLabels()
                             static_cast<float>(place.top() - candidate.own.top()));
             break;
         }
-        ++(hidden ? m_labelsDropped : m_labelsPlaced);
+        if (everywhere || frame.contains(candidate.at))
+            ++(hidden ? m_labelsDropped : m_labelsPlaced);
         if (hidden != candidate.core->IsLabelDecluttered() || shift != candidate.core->LabelShift())
         {
             candidate.core->SetLabelDecluttered(hidden);
@@ -480,6 +543,10 @@ void CZoGraphicsMapLayer::ArrangeLabels()
                 candidate.core->Update();
         }
     }
+    // The frame that asked shows more than the last decision covered, and
+    // what it scrolled in from that frame was drawn with the old one.
+    if (!wasDirty && drawnAbove)
+        RepaintLabels();
 }
 
 bool CZoGraphicsMapLayer::DrawsLabelsAbove() const
@@ -520,7 +587,6 @@ void CZoGraphicsMapLayer::PaintLabels(QPainter* painter, const QRectF& exposed)
 {
     if (!painter)
         return;
-    ArrangeLabels();
     // A scene rendered into an image exposes all of an item: what the device
     // or the clip shows is what needs drawing.
     QRectF visible = exposed;
@@ -534,6 +600,9 @@ void CZoGraphicsMapLayer::PaintLabels(QPainter* painter, const QRectF& exposed)
     if (!shown.isNull())
         visible = exposed.isNull() ? shown : exposed & shown;
     const bool all = exposed.isNull() && shown.isNull();
+    // The decision covers what the device shows, not just the part exposed
+    // now, so that a partial repaint agrees with the labels around it.
+    ArrangeLabelsFor(all ? QRectF() : shown.isNull() ? visible : shown);
     CZoLockGuard guard(m_lock);
     for (const SPlacedLabel& placed : m_placedLabels)
     {

@@ -122,10 +122,20 @@ private:
     template <class F>
     void ForEachObject(F f);
     const std::vector<IZoGraphicsMapObject*>& WalkLocked() const;
+    // The walk's cores, null for objects a host made: looking a core up
+    // costs a cast across the object's bases, too much for every object of
+    // every frame.
+    const std::vector<CZoMapObjectCore*>& WalkCoresLocked() const;
     // While decluttering in a scene, the layer's labels are drawn by an item
     // of their own, above every object of the layer; it covers the world.
     void UpdateLabelItem();
     void DropLabelItem();
+    // Decides anew unless the last decision still stands and covers shown
+    // (scene coordinates; null for every object).
+    void ArrangeLabelsFor(const QRectF& shown);
+    bool DecisionCovers(const QRectF& shown) const;
+    // Where the map draws (0, 0), which the decided area keeps to.
+    QPointF DecisionOrigin() const;
     // The labels the last decision placed: forgotten whenever an object may
     // have left, so that no label of a destroyed object is drawn.
     void ForgetPlacedLabels();
@@ -158,6 +168,7 @@ private:
     mutable CZoLock m_lock;
     TZoIdTable<IZoGraphicsMapObject> m_objects;
     mutable std::vector<IZoGraphicsMapObject*> m_walk;
+    mutable std::vector<CZoMapObjectCore*> m_walkCores;
     mutable bool m_walkStale = true;
     IZoNameObserver* m_nameObserver = nullptr;
     bool m_declutter = false;
@@ -165,6 +176,9 @@ private:
     int m_labelsPlaced = 0;
     int m_labelsDropped = 0;
     std::vector<SPlacedLabel> m_placedLabels;
+    bool m_decidedEverywhere = false;
+    QRectF m_decidedArea;   // scene coordinates, when the origin was at
+    QPointF m_decidedOrigin; // this scene point
     std::unique_ptr<CZoLayerLabelItem> m_labelItem;
     int m_labelZ = m_zValue; // the highest z value of the layer's objects
     CZoHoverGrid m_hoverGrid;

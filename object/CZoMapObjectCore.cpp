@@ -447,12 +447,21 @@ void CZoMapObjectCore::SetResolution(double scale)
     // announcement comes before k changes: the scene's index finds the item
     // under the rectangle it reports now, and bounds grow with k.
     const bool unchanged = newScale == m_pixelScale && m_kind.ShapeFollowsPixelScaleOnly();
+    // Nor does such a shape's label move with the level: once placed, or
+    // while it does not show, there is nothing to rebuild.
+    if (unchanged && m_shapeFresh && (m_label.IsMeasured() || !m_label.IsShownAt(CurrentLod(), m_graphicsLayer)))
+    {
+        if (!m_inScene)
+            m_item->Repaint();
+        return;
+    }
     if (!unchanged)
         PrepareGeometryChange();
     m_pixelScale = newScale;
     m_geometryAnnounced = m_inScene && !unchanged;
     NoteItemShapeChanging();
     m_item->RebuildShape(true);
+    m_shapeFresh = true;
     m_geometryAnnounced = false;
     if (!m_inScene)
         m_item->Repaint();
@@ -564,6 +573,7 @@ void CZoMapObjectCore::Rebuild(double scale)
     m_pixelScale = newScale;
     NoteItemShapeChanging();
     m_item->RebuildShape(true);
+    m_shapeFresh = true;
 }
 
 void CZoMapObjectCore::Dirty()
@@ -664,6 +674,7 @@ void CZoMapObjectCore::RebuildAndRepaint(bool forced)
         return;
     NoteItemShapeChanging();
     m_item->RebuildShape(forced);
+    m_shapeFresh = forced;
     m_item->Repaint();
 }
 
@@ -674,6 +685,7 @@ void CZoMapObjectCore::RelayoutNameAndRepaint(bool forced)
         return;
     NoteItemShapeChanging();
     m_item->RebuildName(forced);
+    m_shapeFresh = false;
     m_item->Repaint();
 }
 
@@ -723,5 +735,8 @@ void CZoMapObjectCore::DrawLabel(QPainter* painter, const CZoNameLabel& label, d
 void CZoMapObjectCore::EnsureItem()
 {
     if (!m_item)
+    {
         m_item = m_kind.CreateItem();
+        m_shapeFresh = false;
+    }
 }

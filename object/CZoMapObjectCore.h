@@ -234,5 +234,8 @@ private:
     bool m_shown = true;
     bool m_alwaysRebuild = false;
     bool m_inScene = false;
+    // The item's shape and label were last rebuilt whole, forced, at
+    // m_pixelScale; any rebuild that may have been skipped since clears it.
+    bool m_shapeFresh = false;
     CZoNameLabel m_label;
 };

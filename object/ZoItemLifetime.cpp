@@ -74,7 +74,12 @@ void ZoDisposeItem(std::unique_ptr<IZoGraphicsItemImpl> item)
 bool ZoOnGuiThread()
 {
     const QCoreApplication* app = QCoreApplication::instance();
-    return !app || QThread::currentThread() == app->thread();
+    if (!app)
+        return true;
+    // A thread's QThread stays the same for the thread's life; asking Qt for
+    // it looks up the thread's data, and a zoom asks once per object.
+    thread_local QThread* const current = QThread::currentThread();
+    return current == app->thread();
 }
 
 bool ZoAcceptsCallingThread(const char* className, const char* method)

@@ -144,3 +144,25 @@ TEST_F(LabelDeclutter, ADeclutteredLayerDrawsNamesAboveLaterMarkersAndHitTestsFi
     declutter->SetLabelDeclutter(false);
     EXPECT_EQ(All(Frame(), qRgb(0, 0, 255)), 0);
 }
+
+// A decision covers the frame that asked for it and a quarter of that frame
+// again on every side; names farther off wait for a frame that shows them,
+// and the counts are of the names anchored in that frame.
+TEST_F(LabelDeclutter, ADecisionCoversItsFrameWithAMarginAndAFrameBeyondDecidesAgain)
+{
+    MakeDot("Lowtown", 1.0, 1.0, QColor(255, 0, 0));
+    MakeDot("Hightown", 1.3, 1.0, QColor(255, 0, 0));
+    MakeDot("Fartown", 60.0, 1.0, QColor(0, 0, 255));
+    declutter->SetLabelDeclutter(true);
+    Frame(); // x from -20 to 180: the margin reaches 230
+    const auto counts = [this] {
+        return std::make_pair(declutter->GetPlacedLabelCount(), declutter->GetDroppedLabelCount());
+    };
+    EXPECT_EQ(counts(), std::make_pair(2, 0));
+    // Both dots now lie left of the frame, inside the margin: the decision
+    // stands, names and counts as they were.
+    EXPECT_GT(All(Frame(QRectF(15, -50, 200, 80)), qRgb(255, 0, 0)), 20);
+    EXPECT_EQ(counts(), std::make_pair(2, 0));
+    EXPECT_GT(All(Frame(QRectF(500, -50, 200, 80)), qRgb(0, 0, 255)), 20);
+    EXPECT_EQ(counts(), std::make_pair(1, 0));
+}
