@@ -121,9 +121,6 @@ const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked() cons
     {
         m_walk = m_objects.Sorted();
         m_walkCores.clear();
-        m_walkCores.reserve(m_walk.size());
-        for (IZoGraphicsMapObject* object : m_walk)
-            m_walkCores.push_back(ZoObjectCore(object));
         m_walkStale = false;
     }
     return m_walk;
@@ -131,7 +128,14 @@ const std::vector<IZoGraphicsMapObject*>& CZoGraphicsMapLayer::WalkLocked() cons
 
 const std::vector<CZoMapObjectCore*>& CZoGraphicsMapLayer::WalkCoresLocked() const
 {
-    WalkLocked();
+    const std::vector<IZoGraphicsMapObject*>& walk = WalkLocked();
+    if (m_walkCores.size() != walk.size())
+    {
+        m_walkCores.clear();
+        m_walkCores.reserve(walk.size());
+        for (IZoGraphicsMapObject* object : walk)
+            m_walkCores.push_back(ZoObjectCore(object));
+    }
     return m_walkCores;
 }
 

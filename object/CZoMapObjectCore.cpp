@@ -603,9 +603,11 @@ void CZoMapObjectCore::Update()
         m_labelArranger->RepaintLabels();
 }
 
+// The object's own switches first: the layer lies elsewhere in memory, and
+// a frame of a scene without an index asks this of every item.
 bool CZoMapObjectCore::IsSuppressed() const
 {
-    return SuppressedUnder(ShapeCacheOf(m_graphicsLayer), m_alwaysRebuild, m_rebuildThreshold);
+    return SuppressedUnder(true, m_alwaysRebuild, m_rebuildThreshold) && ShapeCacheOf(m_graphicsLayer);
 }
 
 // A suppressed item reports empty bounds, so the switch is announced while

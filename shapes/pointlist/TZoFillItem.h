@@ -1,6 +1,7 @@
 #pragma once
 
 #include "object/CZoNameLabel.h"
+#include "object/ZoDevicePixels.h"
 #include "shapes/pointlist/TZoPointListItem.h"
 #include "shapes/pointlist/ZoLineGeometry.h"
 #include "shapes/pointlist/ZoRingPaths.h"
@@ -23,14 +24,14 @@ public:
     {
         if (this->Suppressed())
             return;
-        QPainterPath drawn;
+        std::vector<QPainterPath> drawn;
         QRectF rings;
         {
             QMutexLocker lock(&this->m_mutex);
-            drawn = m_drawnPath;
+            drawn = m_drawnPieces;
             rings = m_rings;
         }
-        PaintPath(painter, drawn, rings, this->Scale(), this->m_owner->Core().CurrentLod());
+        PaintPieces(painter, drawn, rings, this->Scale(), this->m_owner->Core().CurrentLod());
     }
 
     QPainterPath shape() const override
@@ -58,7 +59,7 @@ public:
         const double margin = marginPixels * s;
         {
             QMutexLocker lock(&this->m_mutex);
-            m_drawnPath = drawn;
+            m_drawnPieces = ZoPointList::ApartPieces(drawn);
             m_shape = shape;
             m_rings = rings;
         }
@@ -89,18 +90,29 @@ protected:
     {
         const CZoPointOffsets noWorld;
         const CZoPointOffsets& world = &rings == &this->m_offsets.lines ? this->m_offsets : noWorld;
-        PaintPath(painter, ZoPointList::RingsPath(rings, world, oddEven), ZoPointList::BoundsOf(rings), s, lod);
+        PaintPieces(painter, {ZoPointList::RingsPath(rings, world, oddEven)}, ZoPointList::BoundsOf(rings), s, lod);
     }
 
 private:
-    void PaintPath(QPainter* painter, const QPainterPath& path, const QRectF& rings, double s, int lod) const
+    void PaintPieces(QPainter* painter, const std::vector<QPainterPath>& pieces, const QRectF& rings, double s,
+                     int lod) const
     {
-        if (path.elementCount() < 2 || !this->m_owner->GetGraphicsMapLayer())
+        int elements = 0;
+        for (const QPainterPath& piece : pieces)
+            elements += piece.elementCount();
+        if (elements < 2 || !this->m_owner->GetGraphicsMapLayer())
             return;
         const SurfaceStyle& style = this->m_owner->Style();
         painter->save();
         style.ApplyToPainter(painter, s);
-        painter->drawPath(path);
+        // Pieces wholly out of what the device shows cost a painter their
+        // whole outline all the same.
+        const CZoDevicePixels device(painter);
+        const double reach = painter->pen().widthF() + 1.0;
+        const QRectF shown = device.IsValid() ? device.AreaInPainter().adjusted(-reach, -reach, reach, reach) : QRectF();
+        for (const QPainterPath& piece : pieces)
+            if (pieces.size() == 1 || shown.isNull() || piece.controlPointRect().intersects(shown))
+                painter->drawPath(piece);
         painter->restore();
         if (style.labelPosition != E_LABEL_CENTRE)
             return;
@@ -129,6 +141,6 @@ private:
     }
 
     QPainterPath m_shape;
-    QPainterPath m_drawnPath;
+    std::vector<QPainterPath> m_drawnPieces; // the drawn rings, ApartPieces
     QRectF m_rings;
 };

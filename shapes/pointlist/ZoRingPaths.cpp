@@ -79,3 +79,58 @@ QPainterPath RingsPath(const std::vector<QPolygonF>& given, const CZoPointOffset
     return path;
 }
 } // namespace ZoPointList
+
+namespace ZoPointList
+{
+std::vector<QPainterPath> ApartPieces(const QPainterPath& path)
+{
+    const QList<QPolygonF> rings = path.toSubpathPolygons();
+    const int n = rings.size();
+    if (n < 2)
+        return {path};
+    std::vector<QRectF> boxes;
+    boxes.reserve(static_cast<std::size_t>(n));
+    for (const QPolygonF& ring : rings)
+        boxes.push_back(ring.boundingRect());
+    // Rings whose boxes meet share a piece: union-find over a sweep from
+    // west to east, each box against the boxes still open at its left edge.
+    std::vector<int> piece(static_cast<std::size_t>(n));
+    for (int i = 0; i < n; ++i)
+        piece[i] = i;
+    const auto root = [&piece](int i) {
+        while (piece[i] != i)
+            i = piece[i] = piece[piece[i]];
+        return i;
+    };
+    std::vector<int> order(piece);
+    std::sort(order.begin(), order.end(), [&boxes](int a, int b) { return boxes[a].left() < boxes[b].left(); });
+    std::vector<int> open;
+    for (int i : order)
+    {
+        open.erase(std::remove_if(open.begin(), open.end(),
+                                  [&](int j) { return boxes[j].right() < boxes[i].left(); }),
+                   open.end());
+        for (int j : open)
+            if (boxes[j].top() <= boxes[i].bottom() && boxes[i].top() <= boxes[j].bottom())
+                piece[root(j)] = root(i);
+        open.push_back(i);
+    }
+    std::vector<int> index(static_cast<std::size_t>(n), -1);
+    std::vector<QPainterPath> pieces;
+    for (int i = 0; i < n; ++i)
+    {
+        int& slot = index[root(i)];
+        if (slot < 0)
+        {
+            slot = static_cast<int>(pieces.size());
+            pieces.emplace_back();
+            pieces.back().setFillRule(path.fillRule());
+        }
+        pieces[slot].addPolygon(rings[i]);
+        pieces[slot].closeSubpath();
+    }
+    if (pieces.size() == 1)
+        return {path};
+    return pieces;
+}
+} // namespace ZoPointList

@@ -19,4 +19,12 @@ QPolygonF CloseRoundPole(const QPolygonF& ring, const CZoPointOffsets& world);
 // ring nested in an odd number of others is a hole (a lake, and an island in
 // it fills again), and parts that overlap are filled once.
 QPainterPath RingsPath(const std::vector<QPolygonF>& rings, const CZoPointOffsets& world, bool oddEven);
+
+// The path's rings in pieces whose bounding boxes do not meet, each filled
+// the same alone: a painter sweeps the box of what it fills, and one path of
+// islands strewn over the world makes that box the world's. Rings whose boxes
+// meet stay in one piece, so holes stay with their parts and overlapping
+// parts are still filled once. One piece, the path itself, when nothing lies
+// apart.
+std::vector<QPainterPath> ApartPieces(const QPainterPath& path);
 } // namespace ZoPointList
