@@ -4,6 +4,7 @@
 
 #include "shapes/multidot/CZoMultiDotMapObject.h"
 #include "shapes/polygon/CZoPolygonMapObject.h"
+#include "shapes/pointlist/ZoRingPaths.h"
 
 #include <QGraphicsItem>
 #include <cmath>
@@ -155,3 +156,24 @@ TEST_F(PointListShapes, CanvasPaintingProjectsEveryPointThroughTheCanvas)
     EXPECT_TRUE(image.pixelColor(512 + 130, 512 - 50) != fill && image.pixelColor(512 - 10, 512 + 10) != fill);
 }
 
+
+// A painter sweeps the box of what it fills: islands strewn over the world
+// are filled piece by piece, while a hole stays with its part and parts that
+// overlap stay together, to be filled once.
+TEST(ApartPieces, RingsWhoseBoxesMeetStayTogether)
+{
+    const auto ring = [](double x, double y, double side) { return QPolygonF(QRectF(x, y, side, side)); };
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const QPolygonF& r : {ring(0, 0, 10), ring(500, 0, 10), ring(2, 2, 4), ring(8, 8, 10), ring(0, 300, 5)})
+        path.addPolygon(r);
+    const std::vector<QPainterPath> pieces = ZoPointList::ApartPieces(path);
+    ASSERT_EQ(pieces.size(), 3u);
+    EXPECT_EQ(pieces[0].toSubpathPolygons().size(), 3); // the part, its hole, the part overlapping it
+    EXPECT_EQ(pieces[0].fillRule(), Qt::WindingFill);
+    EXPECT_EQ(pieces[1].boundingRect(), QRectF(500, 0, 10, 10));
+    EXPECT_EQ(pieces[2].boundingRect(), QRectF(0, 300, 5, 5));
+    QPainterPath one;
+    one.addPolygon(ring(0, 0, 10));
+    EXPECT_EQ(ZoPointList::ApartPieces(one), std::vector<QPainterPath>{one});
+}
