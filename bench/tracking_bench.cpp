@@ -57,7 +57,8 @@ QRectF TrackSource(CZoMapModule& map) { return ZoBench::FrameAround(map, kTrackL
 class PlainTracks
 {
 public:
-    explicit PlainTracks(double zoom, int count = kTracks, bool hover = false) : m_count(count)
+    explicit PlainTracks(double zoom, int count = kTracks, bool hover = false, bool itemData = false)
+        : m_count(count)
     {
         m_map.SetZoomAround(zoom, kTrackLon, kTrackLat);
         m_map.GetScene()->setItemIndexMethod(QGraphicsScene::NoIndex);
@@ -68,6 +69,11 @@ public:
             item->setPen(QPen(QColor(0, 0, 255), 1.0));
             item->setBrush(QColor(139, 139, 139, 50));
             item->setAcceptHoverEvents(hover);
+            if (itemData)
+            {
+                item->setData(100, true);
+                item->setData(101, i);
+            }
             m_map.GetScene()->addItem(item);
             m_items.push_back(item);
             m_names.push_back(TrackName(i++));
@@ -122,6 +128,13 @@ private:
     std::vector<QString> m_names;
 };
 
+// The plain items with the two data entries every item of the library
+// carries for hosts (100 and 101).
+struct PlainTracksWithItemData : PlainTracks
+{
+    explicit PlainTracksWithItemData(double zoom) : PlainTracks(zoom, kTracks, false, true) {}
+};
+
 void BM_Floor_TrackMoveFrame(benchmark::State& state)
 {
     PlainTracks tracks(kTrackZoom);
@@ -168,6 +181,25 @@ void BM_Floor_TrackDestroy(benchmark::State& state)
     }
 }
 BENCHMARK(BM_Floor_TrackDestroy)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+
+// The same items carrying the item data: Qt keeps it in a hash table of its
+// own, which shrinks as items go and so makes the C library merge the blocks
+// freed before (malloc_consolidate) within the loop, where the plain floor
+// leaves that work to a later allocation.
+void BM_Floor_TrackDestroyWithItemData(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        auto tracks = std::make_unique<PlainTracksWithItemData>(kTrackZoom);
+        state.ResumeTiming();
+        tracks->Destroy();
+        state.PauseTiming();
+        tracks.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Floor_TrackDestroyWithItemData)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
 // --- ours ----------------------------------------------------------------------
 
@@ -359,6 +391,8 @@ void HeapPerDot(benchmark::State& state)
     }
 }
 BENCHMARK_TEMPLATE(HeapPerDot, PlainTracks)->Name("BM_Floor_TrackHeap")->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK_TEMPLATE(HeapPerDot, PlainTracksWithItemData)
+    ->Name("BM_Floor_TrackHeapWithItemData")->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK_TEMPLATE(HeapPerDot, DotTracks)->Name("BM_TrackHeap")->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // Scene points of dots in the frame, where they are after MoveTo(0).
