@@ -36,6 +36,7 @@
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QObject>
+#include <algorithm>
 
 const std::string STR_DEAFULT_GRAPHICS_LAYER_NAME = "Zo.DefaultGraphicsLayer";
 
@@ -47,24 +48,21 @@ constexpr const char* kClassName = "CZoGraphicsModule";
 // normally the id it reports now; a layer or object initialised a second time
 // reports a newer id than it was registered under, and must not stay behind
 // as a dangling entry.
+// hint, when given, is where to look first and is left on the entry after
+// the one erased: a batch in ascending id order finds each entry there.
 template <class T>
-bool EraseEntry(std::map<int, T*>& registry, int id, const T* value)
+bool EraseEntry(std::map<int, T*>& registry, int id, const T* value,
+                typename std::map<int, T*>::iterator* hint = nullptr)
 {
-    const auto found = registry.find(id);
-    if (found != registry.end() && found->second == value)
-    {
-        registry.erase(found);
-        return true;
-    }
-    for (auto it = registry.begin(); it != registry.end(); ++it)
-    {
-        if (it->second == value)
-        {
-            registry.erase(it);
-            return true;
-        }
-    }
-    return false;
+    auto found = hint && *hint != registry.end() && (*hint)->first == id ? *hint : registry.find(id);
+    if (found == registry.end() || found->second != value)
+        found = std::find_if(registry.begin(), registry.end(), [value](const auto& e) { return e.second == value; });
+    if (found == registry.end())
+        return false;
+    const auto after = registry.erase(found);
+    if (hint)
+        *hint = after;
+    return true;
 }
 
 struct NoSetup
@@ -381,11 +379,12 @@ void CZoGraphicsModule::DestroyGraphicsMapObjects(const std::vector<IZoGraphicsM
     ours.reserve(objects.size());
     {
         CZoLockGuard guard(*m_objectLock);
+        auto hint = m_objects.end();
         for (IZoGraphicsMapObject* object : objects)
         {
             if (!object)
                 continue;
-            if (!EraseEntry(m_objects, object->GetObjectID(), object) && ZoObjectCore(object))
+            if (!EraseEntry(m_objects, object->GetObjectID(), object, &hint) && ZoObjectCore(object))
             {
                 ZoLogWarnAt(kClassName, "DestroyGraphicsMapObject") << "图元不属于本模块";
                 continue;
