@@ -13,6 +13,7 @@
 
 #include <QGraphicsItem>
 #include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
@@ -605,8 +606,16 @@ void CZoGraphicsMapLayer::PaintLabels(QPainter* painter, const QRectF& exposed)
         visible = exposed.isNull() ? shown : exposed & shown;
     const bool all = exposed.isNull() && shown.isNull();
     // The decision covers what the device shows, not just the part exposed
-    // now, so that a partial repaint agrees with the labels around it.
-    ArrangeLabelsFor(all ? QRectF() : shown.isNull() ? visible : shown);
+    // now, so that a partial repaint agrees with the labels around it; and
+    // what every view of the scene shows: views that each asked for their own
+    // would take turns deciding and repainting each other without end.
+    QRectF wanted = all ? QRectF() : shown.isNull() ? visible : shown;
+    if (!wanted.isNull() && m_labelItem && m_labelItem->scene())
+    {
+        for (const QGraphicsView* view : m_labelItem->scene()->views())
+            wanted |= view->mapToScene(view->viewport()->rect()).boundingRect();
+    }
+    ArrangeLabelsFor(wanted);
     CZoLockGuard guard(m_lock);
     for (const SPlacedLabel& placed : m_placedLabels)
     {

@@ -38,10 +38,11 @@ public:
 /// A decision is taken when a frame first draws a label after the layer's
 /// objects, their labels or the view's scale changed, or when a frame shows
 /// more than the last decision covered. It covers the part of the scene the
-/// frame shows and a quarter of the frame again on every side, so that a pan
-/// within that margin keeps it; labels that cannot reach that area wait for a
-/// frame that shows them. The counts are of the labels anchored in the frame
-/// that asked for the decision. Labels that are not drawn anyway (hidden
+/// frame shows, together with what every view of the scene shows, and a
+/// quarter of that again on every side, so that a pan within that margin keeps
+/// it; labels that cannot reach that area wait for a frame that shows them.
+/// The counts are of the labels anchored in the frame and the views, without
+/// the margin. Labels that are not drawn anyway (hidden
 /// object, name out of its level range) count as neither placed nor dropped.
 /// Both counts are 0 until the first decision and after decluttering is
 /// turned off.

@@ -1,6 +1,8 @@
 #include "support/ImageCompare.h"
 #include "support/ModuleFixture.h"
+#include <QCoreApplication>
 #include <QGraphicsItem>
+#include <QGraphicsView>
 #include <QPainter>
 #include <array>
 
@@ -165,4 +167,49 @@ TEST_F(LabelDeclutter, ADecisionCoversItsFrameWithAMarginAndAFrameBeyondDecidesA
     EXPECT_EQ(counts(), std::make_pair(2, 0));
     EXPECT_GT(All(Frame(QRectF(500, -50, 200, 80)), qRgb(0, 0, 255)), 20);
     EXPECT_EQ(counts(), std::make_pair(1, 0));
+}
+
+namespace
+{
+class CountingView : public QGraphicsView
+{
+public:
+    using QGraphicsView::QGraphicsView;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        ++paints;
+        QGraphicsView::paintEvent(event);
+    }
+};
+} // namespace
+
+// A main view and an overview on far parts of one scene: each frame's labels
+// are decided for both views, so that neither view's decision sends the other
+// to repaint and decide again, round after round.
+TEST_F(LabelDeclutter, TwoViewsOfTheSceneSettle)
+{
+    MakeDot("Lowtown", 1.0, 1.0, QColor(255, 0, 0));
+    MakeDot("Fartown", 60.0, 1.0, QColor(0, 0, 255));
+    declutter->SetLabelDeclutter(true);
+    std::array<CountingView, 2> views{CountingView(map.Scene()), CountingView(map.Scene())};
+    for (CountingView& view : views)
+    {
+        view.resize(200, 100);
+        view.setSceneRect(QRectF(-1000, -1000, 2000, 2000));
+        view.show();
+    }
+    views[0].centerOn(10, -10);
+    views[1].centerOn(600, -10);
+    const auto paints = [&views] { return views[0].paints + views[1].paints; };
+    for (int i = 0; i < 10; ++i)
+        QCoreApplication::processEvents();
+    const int settled = paints();
+    EXPECT_GT(settled, 1);
+    for (int i = 0; i < 10; ++i)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(paints(), settled);
+    EXPECT_EQ(std::make_pair(declutter->GetPlacedLabelCount(), declutter->GetDroppedLabelCount()), std::make_pair(2, 0));
 }
