@@ -447,9 +447,8 @@ void CZoMapObjectCore::SetResolution(double scale)
     // announcement comes before k changes: the scene's index finds the item
     // under the rectangle it reports now, and bounds grow with k.
     const bool unchanged = newScale == m_pixelScale && m_kind.ShapeFollowsPixelScaleOnly();
-    // Nor does such a shape's label move with the level: once placed, or
-    // while it does not show, there is nothing to rebuild.
-    if (unchanged && m_shapeFresh && (m_label.IsMeasured() || !m_label.IsShownAt(CurrentLod(), m_graphicsLayer)))
+    // Nor does such a shape's label move with the level once placed.
+    if (unchanged && m_shapeFresh)
     {
         if (!m_inScene)
             m_item->Repaint();
@@ -461,7 +460,7 @@ void CZoMapObjectCore::SetResolution(double scale)
     m_geometryAnnounced = m_inScene && !unchanged;
     NoteItemShapeChanging();
     m_item->RebuildShape(true);
-    m_shapeFresh = true;
+    m_shapeFresh = !LabelWaitsForItsLevels();
     m_geometryAnnounced = false;
     if (!m_inScene)
         m_item->Repaint();
@@ -573,7 +572,14 @@ void CZoMapObjectCore::Rebuild(double scale)
     m_pixelScale = newScale;
     NoteItemShapeChanging();
     m_item->RebuildShape(true);
-    m_shapeFresh = true;
+    m_shapeFresh = !LabelWaitsForItsLevels();
+}
+
+// A label kept out of the current level by its range, or its layer's, is
+// not placed by a rebuild: the level that brings it in must place it.
+bool CZoMapObjectCore::LabelWaitsForItsLevels() const
+{
+    return m_label.visible && !m_label.text.isEmpty() && !m_label.IsShownAt(CurrentLod(), m_graphicsLayer);
 }
 
 void CZoMapObjectCore::Dirty()
@@ -676,7 +682,7 @@ void CZoMapObjectCore::RebuildAndRepaint(bool forced)
         return;
     NoteItemShapeChanging();
     m_item->RebuildShape(forced);
-    m_shapeFresh = forced;
+    m_shapeFresh = forced && !LabelWaitsForItsLevels();
     m_item->Repaint();
 }
 

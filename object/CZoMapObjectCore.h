@@ -192,6 +192,7 @@ public:
     void PaintLabelAbove(QPainter* painter) const;
 
 private:
+    bool LabelWaitsForItsLevels() const;
     void ApplyInteractive();
     // The label at pixel scale s, moved by the layer's shift when shifted.
     void DrawLabel(QPainter* painter, const CZoNameLabel& label, double s, bool shifted) const;
@@ -235,7 +236,8 @@ private:
     bool m_alwaysRebuild = false;
     bool m_inScene = false;
     // The item's shape and label were last rebuilt whole, forced, at
-    // m_pixelScale; any rebuild that may have been skipped since clears it.
+    // m_pixelScale, the label placed; any rebuild that may have been skipped
+    // since clears it.
     bool m_shapeFresh = false;
     CZoNameLabel m_label;
 };

@@ -65,9 +65,6 @@ public:
     void Release();
     // Whether the label still refers to a finished look of its own.
     bool HoldsLook() const { return !m_look.expired(); }
-    // Measured since the text, the font or the visibility last changed: a
-    // label is measured when it is placed.
-    bool IsMeasured() const { return m_measured; }
 
     // Wide fields first, switches last: every object holds a label, and
     // padding between mixed fields adds up over a large display.

@@ -88,3 +88,21 @@ TEST_F(Dot, HiddenNamesGiveTheirLooksBack)
     map.ChangeLod(map.lod);
     EXPECT_EQ(std::pair(core->Label().HoldsLook(), ZoLabelLookCache::Bytes()), std::pair(false, std::size_t(0)));
 }
+
+// A zoom between whole levels keeps a dot's shape and its placed name; a name
+// that comes into its level range there is placed then, as if set anew.
+TEST_F(Dot, ANameThatComesIntoItsLevelsOnAZoomIsPlaced)
+{
+    Style(object);
+    object->SetNameMinLodLevel(map.lod + 2);
+    object->SetLabelPosition(E_LABEL_LEFT); // out of its levels: not placed there yet
+    map.ChangeViewScale(1.0);
+    const QImage without = Render();
+    map.ChangeLod(map.lod + 2);
+    map.ChangeViewScale(1.0);
+    const QImage zoomed = Render();
+    EXPECT_NE(zoomed, without);
+    object->SetNameVisible(false);
+    object->SetNameVisible(true);
+    EXPECT_EQ(zoomed, Render());
+}
