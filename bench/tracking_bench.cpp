@@ -167,12 +167,14 @@ void BM_Floor_TrackZoomFrame(benchmark::State& state)
 }
 BENCHMARK(BM_Floor_TrackZoomFrame)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
-void BM_Floor_TrackDestroy(benchmark::State& state)
+// Destroying is timed alone: making the tracks and freeing what is left are not.
+template <class Tracks>
+void TrackDestroy(benchmark::State& state)
 {
     for (auto _ : state)
     {
         state.PauseTiming();
-        auto tracks = std::make_unique<PlainTracks>(kTrackZoom);
+        auto tracks = std::make_unique<Tracks>(kTrackZoom);
         state.ResumeTiming();
         tracks->Destroy();
         state.PauseTiming();
@@ -180,26 +182,14 @@ void BM_Floor_TrackDestroy(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(BM_Floor_TrackDestroy)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
-
+BENCHMARK_TEMPLATE(TrackDestroy, PlainTracks)
+    ->Name("BM_Floor_TrackDestroy")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 // The same items carrying the item data: Qt keeps it in a hash table of its
 // own, which shrinks as items go and so makes the C library merge the blocks
 // freed before (malloc_consolidate) within the loop, where the plain floor
 // leaves that work to a later allocation.
-void BM_Floor_TrackDestroyWithItemData(benchmark::State& state)
-{
-    for (auto _ : state)
-    {
-        state.PauseTiming();
-        auto tracks = std::make_unique<PlainTracksWithItemData>(kTrackZoom);
-        state.ResumeTiming();
-        tracks->Destroy();
-        state.PauseTiming();
-        tracks.reset();
-        state.ResumeTiming();
-    }
-}
-BENCHMARK(BM_Floor_TrackDestroyWithItemData)->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
+BENCHMARK_TEMPLATE(TrackDestroy, PlainTracksWithItemData)
+    ->Name("BM_Floor_TrackDestroyWithItemData")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
 // --- ours ----------------------------------------------------------------------
 
@@ -316,20 +306,6 @@ BENCHMARK_TEMPLATE(TrackZoomFrame, DotTracks)
 BENCHMARK_TEMPLATE(TrackZoomFrame, DotTracksQtIndex)
     ->Name("BM_TrackZoomFrame_QtIndex")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 
-template <class Tracks>
-void TrackDestroy(benchmark::State& state)
-{
-    for (auto _ : state)
-    {
-        state.PauseTiming();
-        auto tracks = std::make_unique<Tracks>(kTrackZoom);
-        state.ResumeTiming();
-        tracks->Destroy();
-        state.PauseTiming();
-        tracks.reset();
-        state.ResumeTiming();
-    }
-}
 BENCHMARK_TEMPLATE(TrackDestroy, DotTracks)
     ->Name("BM_TrackDestroy")->Unit(benchmark::kMillisecond)->Apply(ZoBench::ReportMinimum);
 BENCHMARK_TEMPLATE(TrackDestroy, DotTracksQtIndex)

@@ -365,6 +365,12 @@ struct LabelCandidate
     QRectF own;  // the label as its object places it, halo included, about the anchor
 };
 
+// How far the own place keeps from the anchor, on its nearest side.
+double LabelClearance(const QRectF& own)
+{
+    return std::max({own.left(), -own.right(), own.top(), -own.bottom(), 0.0});
+}
+
 // The places a label may take about its anchor, its own first. Each keeps the
 // distance from the anchor that the own place keeps, so that a label set off a
 // marker stays off it; the diagonal ones touch that circle with their corner.
@@ -374,7 +380,7 @@ std::array<QRectF, 9> LabelPlaces(const QRectF& own)
 {
     const double w = own.width();
     const double h = own.height();
-    const double c = std::max({own.left(), -own.right(), own.top(), -own.bottom(), 0.0});
+    const double c = LabelClearance(own);
     const double k = c * 0.70710678118654752; // c / sqrt(2)
     return {own,
             QRectF(k, -k - h, w, h),
@@ -392,7 +398,7 @@ QRectF LabelReach(const QRectF& own)
 {
     const double w = own.width();
     const double h = own.height();
-    const double c = std::max({own.left(), -own.right(), own.top(), -own.bottom(), 0.0});
+    const double c = LabelClearance(own);
     const QRectF places = own.united(QRectF(-c - w, -c - h, 2.0 * (c + w), 2.0 * (c + h)));
     const double r = std::max({-places.left(), places.right(), -places.top(), places.bottom()}) * 1.4142135623730951;
     return QRectF(-r, -r, 2.0 * r, 2.0 * r);

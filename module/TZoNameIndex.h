@@ -87,31 +87,12 @@ public:
     // records: cheaper than one Erase per name once values are many.
     void EraseValues(const std::vector<T*>& values)
     {
-        // The values in one flat table, open addressing at most half full: a
-        // probe or two per record, where a set of nodes would cost an
-        // allocation per value and a sorted array a binary search per record.
-        int bits = 4;
-        while ((std::size_t(1) << bits) < values.size() * 2)
-            ++bits;
-        const std::size_t mask = (std::size_t(1) << bits) - 1;
-        const auto home = [bits](const T* value) {
-            return static_cast<std::size_t>((std::uint64_t(reinterpret_cast<std::uintptr_t>(value)) >> 4) *
-                                            0x9E3779B97F4A7C15ull >> (64 - bits));
-        };
-        std::vector<const T*> table(mask + 1, nullptr);
+        // The values in one flat table: a probe or two per record, where a
+        // set of nodes would cost an allocation per value.
+        TZoIdTable<const T, std::uintptr_t> table;
         for (const T* value : values)
-        {
-            std::size_t i = home(value);
-            while (table[i] && table[i] != value)
-                i = (i + 1) & mask;
-            table[i] = value;
-        }
-        const auto gone = [&](const T* value) {
-            for (std::size_t i = home(value); table[i]; i = (i + 1) & mask)
-                if (table[i] == value)
-                    return true;
-            return false;
-        };
+            table.Insert(reinterpret_cast<std::uintptr_t>(value), value);
+        const auto gone = [&table](const T* value) { return table.Contains(reinterpret_cast<std::uintptr_t>(value)); };
         std::size_t kept = 0;
         for (std::size_t index = 0; index < m_records.size(); ++index)
         {

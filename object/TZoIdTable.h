@@ -16,14 +16,15 @@ inline bool ZoProbeSlotStays(std::size_t hole, std::size_t home, std::size_t i)
 // Ids to pointers in one flat array: open addressing with linear probing, at
 // most half full, without tombstones. A layer of a large display holds one
 // entry per object, where a tree would hold a node of its own for each (four
-// times the memory, and one allocation and one free more per object). Not
-// locked: its owner guards it.
-template <class T>
+// times the memory, and one allocation and one free more per object). Key is
+// any integer type (an address, for a set of pointers). Not locked: its owner
+// guards it.
+template <class T, class Key = int>
 class TZoIdTable
 {
 public:
     // False when the id is there already (the table keeps what it had).
-    bool Insert(int id, T* value)
+    bool Insert(Key id, T* value)
     {
         if (!value || Find(id) != kNone)
             return false;
@@ -34,10 +35,10 @@ public:
         return true;
     }
 
-    bool Contains(int id) const { return Find(id) != kNone; }
+    bool Contains(Key id) const { return Find(id) != kNone; }
 
     // False when the id is not there.
-    bool Erase(int id)
+    bool Erase(Key id)
     {
         const std::size_t found = Find(id);
         if (found == kNone)
@@ -77,21 +78,21 @@ public:
 private:
     struct Slot
     {
-        int id = 0;
+        Key id = 0;
         T* value = nullptr; // null: an empty slot
     };
 
     static constexpr std::size_t kNone = ~std::size_t(0);
 
     std::size_t Mask() const { return m_slots.size() - 1; }
-    // Fibonacci hashing spreads ids handed out one after another.
-    std::size_t Home(int id) const
+    // Fibonacci hashing spreads ids handed out one after another, and
+    // addresses that differ in their high bits alone.
+    std::size_t Home(Key id) const
     {
-        return static_cast<std::size_t>((static_cast<std::uint64_t>(static_cast<std::uint32_t>(id)) *
-                                         0x9E3779B97F4A7C15ull) >> 32) & Mask();
+        return static_cast<std::size_t>((static_cast<std::uint64_t>(id) * 0x9E3779B97F4A7C15ull) >> 32) & Mask();
     }
 
-    std::size_t Find(int id) const
+    std::size_t Find(Key id) const
     {
         if (m_slots.empty())
             return kNone;

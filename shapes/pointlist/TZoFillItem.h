@@ -105,14 +105,22 @@ private:
         const SurfaceStyle& style = this->m_owner->Style();
         painter->save();
         style.ApplyToPainter(painter, s);
-        // Pieces wholly out of what the device shows cost a painter their
-        // whole outline all the same.
-        const CZoDevicePixels device(painter);
-        const double reach = painter->pen().widthF() + 1.0;
-        const QRectF shown = device.IsValid() ? device.AreaInPainter().adjusted(-reach, -reach, reach, reach) : QRectF();
-        for (const QPainterPath& piece : pieces)
-            if (pieces.size() == 1 || shown.isNull() || piece.controlPointRect().intersects(shown))
-                painter->drawPath(piece);
+        if (pieces.size() == 1)
+        {
+            painter->drawPath(pieces.front());
+        }
+        else
+        {
+            // Pieces wholly out of what the device shows cost a painter their
+            // whole outline all the same.
+            const CZoDevicePixels device(painter);
+            const double reach = painter->pen().widthF() + 1.0;
+            const QRectF shown =
+                device.IsValid() ? device.AreaInPainter().adjusted(-reach, -reach, reach, reach) : QRectF();
+            for (const QPainterPath& piece : pieces)
+                if (shown.isNull() || piece.controlPointRect().intersects(shown))
+                    painter->drawPath(piece);
+        }
         painter->restore();
         if (style.labelPosition != E_LABEL_CENTRE)
             return;
